@@ -1,0 +1,7 @@
+#include "core/library_state.h"
+
+namespace vmc {
+
+LibraryState state;
+
+}  // namespace vmc

@@ -1,0 +1,58 @@
+// The process-wide state of the library: one instance, zero at load.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+
+#include <vmc/module.h>
+#include <vmc/vmc.h>
+
+#include "core/closed_modules.h"
+#include "platform/mutex.h"
+
+namespace vmc {
+
+inline constexpr uint32_t kDeviceCount = VMC_MAX_DEVICES;
+inline constexpr uint32_t kInterfaceSlots = VMC_MAX_INTERFACES;
+inline constexpr uint32_t kMaxChildren = VMC_MAX_CHILDREN;
+inline constexpr uint32_t kChannelCount = 4;  // channel 0 is the device lock
+
+// What a detection found on one interface slot; the caller's DetectInfo has the same image.
+using DetectResult = DetectInfo;
+
+struct LibraryState {
+    uint32_t initialised;
+    uint32_t globalLockRequired;  // a device of the global-lock set is open
+    uint32_t openDeviceCount;
+    DeviceRecord deviceTable[kDeviceCount];
+    DeviceModule deviceModules[kDeviceCount];
+    InterfaceModule interfaceModules[kInterfaceSlots];
+    DetectResult detectResults[kInterfaceSlots];
+    // channelMutex[0] is deviceMutex; 1..3 are the locks of transfer channels 2..4.
+    platform::MutexHandle channelMutex[kChannelCount][kDeviceCount];
+    uint32_t transferActive[kChannelCount][kDeviceCount];
+    platform::MutexHandle globalMutex;
+    void* grayPalette;
+    uint32_t cpuidResult[4];
+    uint32_t instructionFeatureA;
+    uint32_t instructionFeatureSSE;
+    void* sparePageBuffer;
+    uint32_t sparePageSize;
+    void* closedModuleHandle[kClosedModuleCount];
+    void* closedEntries[kClosedEntryCount];
+    // Serialises detection, open and close on the module tables and the device
+    // table, so that threads may open and close different devices at once.
+    std::recursive_mutex tableMutex;
+};
+
+extern LibraryState state;
+
+inline DeviceRecord& Record(uint32_t deviceNo) { return state.deviceTable[deviceNo]; }
+inline platform::MutexHandle& DeviceMutex(uint32_t deviceNo) { return state.channelMutex[0][deviceNo]; }
+
+// The child record of child c (1-based), or null when absent.
+inline ChildRecord* Child(uint32_t deviceNo, uint32_t childNo) {
+    return state.deviceTable[deviceNo].childRecords[childNo - 1];
+}
+
+}  // namespace vmc

@@ -1,0 +1,64 @@
+// Calls into the device module of an open device. A missing entry answers
+// error 21 (not supported) instead of crashing, whether or not its slot is
+// one that every module should fill.
+#pragma once
+
+#include <cstdint>
+
+#include "core/library_state.h"
+
+namespace vmc {
+
+inline DeviceModule& ModuleOf(uint32_t deviceNo) { return state.deviceModules[Record(deviceNo).moduleIndex]; }
+
+template <class Fn, class... Args>
+uint32_t CallDevice(uint32_t deviceNo, Fn DeviceModule::*entry, uint32_t* error, Args... args) {
+    Fn fn = ModuleOf(deviceNo).*entry;
+    if (!fn) {
+        *error = VMC_ERR_NOT_SUPPORTED;
+        return 0;
+    }
+    return fn(Record(deviceNo).moduleHandle, args..., error);
+}
+
+template <class Fn, class... Args>
+uint32_t CallInterface(const InterfaceModule& module, Fn InterfaceModule::*entry, uint32_t* error, Args... args) {
+    Fn fn = module.*entry;
+    if (!fn) {
+        *error = VMC_ERR_NOT_SUPPORTED;
+        return 0;
+    }
+    return fn(args..., error);
+}
+
+inline uint32_t GetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t* value1,
+                        uint32_t* value2, uint32_t* error) {
+    return CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceCaps, error, child, code, sub, value1, value2);
+}
+
+inline uint32_t SetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value1,
+                        uint32_t value2, uint32_t* error) {
+    return CallDevice(deviceNo, &DeviceModule::DEV_SetDeviceCaps, error, child, code, sub, value1, value2);
+}
+
+inline uint32_t GetList(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, void* list, uint32_t* count,
+                        uint32_t* error) {
+    return CallDevice(deviceNo, &DeviceModule::DEV_GetList, error, child, code, sub, list, count);
+}
+
+inline uint32_t SetData(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value, void* data,
+                        uint32_t* error) {
+    uint32_t result = 0;  // the module's result word; nothing here reads it
+    return CallDevice(deviceNo, &DeviceModule::DEV_SetData, error, child, code, sub, value, data, &result);
+}
+
+inline uint32_t GetData(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value, void* data,
+                        uint32_t* error) {
+    uint32_t result = 0;
+    return CallDevice(deviceNo, &DeviceModule::DEV_GetData, error, child, code, sub, value, data, &result);
+}
+
+// The interface slot a device was opened on, or null.
+InterfaceModule* InterfaceOf(uint32_t deviceNo);
+
+}  // namespace vmc

@@ -1,0 +1,58 @@
+// The record copies and the two child checks that the whole library uses.
+#include <cstring>
+
+#include "core/frame.h"
+
+namespace vmc {
+namespace {
+
+bool ChildExists(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
+    if (childNo > Record(deviceNo).maxChildDeviceCount || childNo > kMaxChildren || !Child(deviceNo, childNo)) {
+        *error = VMC_ERR_BAD_CHILD;
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool ChildRequired(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
+    if (childNo == 0) {
+        *error = VMC_ERR_BAD_CHILD;
+        return false;
+    }
+    return ChildExists(deviceNo, childNo, error);
+}
+
+bool ChildOrDevice(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
+    return childNo == 0 || ChildExists(deviceNo, childNo, error);
+}
+
+VMC_EXPORT uint32_t VMC_GetDeviceInfo(uint32_t deviceNo, DeviceRecord* record, uint32_t* error) {
+    return RunExport(error, [&](uint32_t* err) -> uint32_t {
+        if (!Begin(err) || !NotNull(record, err)) return 0;
+        std::memcpy(record, &Record(deviceNo), sizeof(DeviceRecord));
+        // The caller gets the record, not the library's heap addresses.
+        std::memset(record->childRecords, 0, sizeof record->childRecords);
+        return 1;
+    });
+}
+
+VMC_EXPORT uint32_t VMC_GetChildInfo(uint32_t deviceNo, uint32_t childNo, ChildRecord* record, uint32_t* error) {
+    return RunExport(error, [&](uint32_t* err) -> uint32_t {
+        if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !NotNull(record, err)) return 0;
+        std::memcpy(record, Child(deviceNo, childNo), sizeof(ChildRecord));
+        return 1;
+    });
+}
+
+VMC_EXPORT uint32_t VMC_GetChildMemoryInfo(uint32_t deviceNo, uint32_t childNo, void* record, uint32_t* error) {
+    return RunExport(error, [&](uint32_t* err) -> uint32_t {
+        if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !NotNull(record, err)) return 0;
+        const auto* child = reinterpret_cast<const char*>(Child(deviceNo, childNo));
+        std::memcpy(record, child + VMC_CHILD_MEMORY_OFFSET, sizeof(ChildRecord) - VMC_CHILD_MEMORY_OFFSET);
+        return 1;
+    });
+}
+
+}  // namespace vmc

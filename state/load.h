@@ -1,0 +1,15 @@
+// The state load: right after a device is bound to a record, ask the camera
+// everything the record caches. There is no capability list: a module that
+// answers error 21 to a code lacks that function, and the flag says so.
+#pragma once
+
+#include <cstdint>
+
+namespace vmc {
+
+// Fills the device record and one child record per existing head. On
+// failure the error word holds the module's code; children are freed.
+uint32_t LoadDeviceState(uint32_t deviceNo, uint32_t packetMode, uint32_t* error);
+uint32_t LoadChildState(uint32_t deviceNo, uint32_t childNo, uint32_t* error);
+
+}  // namespace vmc
