@@ -62,7 +62,7 @@ uint32_t Detect(uint32_t interfaceCode, uint32_t* addressList, uint32_t addressC
     int found = -1, firstEmpty = -1;
     for (uint32_t i = 0; i < kInterfaceSlots; ++i) {
         InterfaceModule& slot = state.interfaceModules[i];
-        if (slot.interfaceCode == interfaceCode) {
+        if (interfaceCode != 0 && slot.interfaceCode == interfaceCode) {
             if (slot.openCount >= 1 && !DetectsWhileOpen(interfaceCode)) return Fail(error, VMC_ERR_BUSY);
             std::memset(&state.detectResults[i], 0, sizeof(DetectResult));
             found = static_cast<int>(i);

@@ -157,3 +157,29 @@ TEST_F(Frame, NullErrorPointerIsTolerated) {
 
 }  // namespace
 }  // namespace vmc::test
+
+namespace vmc::test {
+namespace {
+
+// The checks run in a fixed order: initialised, child, availability, arguments.
+TEST_F(Frame, ChecksComeInTheirOrder) {
+    const uint32_t deviceNo = DetectAndOpen(16);
+    uint32_t error = 0;
+    // A bad child is reported before a null record.
+    EXPECT_EQ(0u, VMC_GetChildInfo(deviceNo, 0, nullptr, &error));
+    EXPECT_EQ(VMC_ERR_BAD_CHILD, error);
+    EXPECT_EQ(0u, VMC_GetChildInfo(deviceNo, 1, nullptr, &error));
+    EXPECT_EQ(VMC_ERR_BAD_ARGUMENT, error);
+    // An absent function is reported before a null output, and asks nothing.
+    FAKE_ClearLog();
+    EXPECT_EQ(0u, VMC_GetLinkSpeed(deviceNo, nullptr, &error));
+    EXPECT_EQ(VMC_ERR_NOT_SUPPORTED, error);
+    EXPECT_EQ(0u, FAKE_CallCount());
+    // A successful call leaves 1 in the word even after a tolerated 21 inside.
+    uint32_t value = 0;
+    EXPECT_EQ(1u, VMC_GetConnectStatus(deviceNo, &value, &error));
+    EXPECT_EQ(kOk, error);
+}
+
+}  // namespace
+}  // namespace vmc::test
