@@ -1,11 +1,19 @@
 // The cost of the call frame on the scriptable test module:
 //  - an uncontended device lock and release, beside a bare lock and unlock
-//    of a plain recursive pthread mutex (the reference);
-//  - a whole open and close of a device, with the module calls it makes.
+//    of a plain recursive pthread mutex, and beside one direct call of the
+//    module's link query (the lock makes two);
+//  - a whole open and close of a device, with the module calls it makes,
+//    with and without loading the module file.
 #include <benchmark/benchmark.h>
 #include <pthread.h>
 
+#include <dlfcn.h>
+
 #include <cstdlib>
+#include <string>
+
+#include <vmc/codes.h>
+#include <vmc/module.h>
 
 #include "core/locks.h"
 #include "tests/fakes/fake.h"
@@ -75,6 +83,21 @@ void BM_TakeDeviceLock(benchmark::State& state) {
 }
 BENCHMARK(BM_TakeDeviceLock);
 
+void BM_ModuleCall(benchmark::State& state) {
+    Setup();
+    ScriptCamera();
+    const std::string path = std::string(VMC_TEST_MODULE_DIR) + "/DMOD026.so";
+    void* module = dlopen(path.c_str(), RTLD_NOW);
+    auto getCaps = reinterpret_cast<DEV_GetDeviceCapsFn>(dlsym(module, "DEV_GetDeviceCaps"));
+    uint32_t value = 0, error = 0, iteration = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(getCaps(kHandle, 0, VMC_CODE_CONNECT_STATE, 0, &value, nullptr, &error));
+        if (++iteration % 4096 == 0) FAKE_ClearLog();
+    }
+    dlclose(module);
+}
+BENCHMARK(BM_ModuleCall);
+
 void BM_OpenClose(benchmark::State& state) {
     Setup();
     ScriptCamera();
@@ -87,6 +110,22 @@ void BM_OpenClose(benchmark::State& state) {
     state.counters["module_calls"] = calls;
 }
 BENCHMARK(BM_OpenClose);
+
+// The same with a second device keeping the module loaded: no file load or unload.
+void BM_OpenCloseModuleLoaded(benchmark::State& state) {
+    Setup();
+    ScriptCamera();
+    const uint32_t keeper = OpenCamera();
+    uint32_t calls = 0, error = 0;
+    for (auto _ : state) {
+        FAKE_ClearLog();
+        VMC_CloseDevice(OpenCamera(), &error);
+        calls = FAKE_CallCount();
+    }
+    VMC_CloseDevice(keeper, &error);
+    state.counters["module_calls"] = calls;
+}
+BENCHMARK(BM_OpenCloseModuleLoaded);
 
 }  // namespace
 

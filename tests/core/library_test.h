@@ -25,8 +25,8 @@ inline std::string Describe(const FakeCall& call) {
     const std::string entry = call.entry;
     if (entry.find("Caps") != std::string::npos || entry.find("List") != std::string::npos ||
         entry.find("Data") != std::string::npos) {
-        text += " " + std::to_string(call.code);
-        if (call.sub) text += "/" + std::to_string(call.sub);
+        text.append(" ").append(std::to_string(call.code));
+        if (call.sub) text.append("/").append(std::to_string(call.sub));
     }
     return text;
 }
