@@ -41,10 +41,13 @@ uint32_t CurrentSubInterface(uint32_t deviceNo, uint32_t* value) {
     return mode;
 }
 
-// Index 4 of the Ethernet information may be absent: it then reads 0.
+// One entry of the Ethernet information is absent from cameras of older
+// firmware; it then reads 0 and the call succeeds.
+constexpr uint32_t kOptionalEthernetEntry = 4;
+
 uint32_t EthernetInfoResult(uint32_t index, uint32_t answered, uint32_t* value, uint32_t* error) {
     if (answered) return 1;
-    if (index != 4) return 0;
+    if (index != kOptionalEthernetEntry) return 0;
     *value = 0;
     *error = VMC_ERR_OK;
     return 1;
