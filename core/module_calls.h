@@ -48,14 +48,16 @@ inline uint32_t GetList(uint32_t deviceNo, uint32_t child, uint32_t code, uint32
 
 inline uint32_t SetData(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value, void* data,
                         uint32_t* error) {
-    uint32_t result = 0;  // the module's result word; nothing here reads it
-    return CallDevice(deviceNo, &DeviceModule::DEV_SetData, error, child, code, sub, value, data, &result);
+    uint32_t scratch = 0;  // the second block, for codes that have none
+    return CallDevice(deviceNo, &DeviceModule::DEV_SetData, error, child, code, sub, value, data,
+                      static_cast<void*>(&scratch));
 }
 
 inline uint32_t GetData(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value, void* data,
                         uint32_t* error) {
-    uint32_t result = 0;
-    return CallDevice(deviceNo, &DeviceModule::DEV_GetData, error, child, code, sub, value, data, &result);
+    uint32_t scratch = 0;
+    return CallDevice(deviceNo, &DeviceModule::DEV_GetData, error, child, code, sub, value, data,
+                      static_cast<void*>(&scratch));
 }
 
 // The interface slot a device was opened on, or null.

@@ -74,11 +74,16 @@ typedef uint32_t (*DEV_GetMemImageAddressFn)(vmc_device_handle handle, uint32_t 
                                              void* addressOut, uint32_t* error);
 typedef uint32_t (*DEV_GetLiveImageAddressFn)(vmc_device_handle handle, uint32_t child, void* addressOut,
                                               uint32_t* error);
-/* Blocks and hand-overs: a value, a data pointer, and a result word the library does not read. */
+/*
+ * Blocks and hand-overs. sub is an index (a frame number for per-frame data),
+ * value a count or a plain value, data the caller's block, and extra a second
+ * block whose meaning depends on the code (a scratch word where the caller
+ * has none to give).
+ */
 typedef uint32_t (*DEV_SetDataFn)(vmc_device_handle handle, uint32_t child, uint32_t code, uint32_t sub,
-                                  uint32_t value, void* data, uint32_t* result, uint32_t* error);
+                                  uint32_t value, void* data, void* extra, uint32_t* error);
 typedef uint32_t (*DEV_GetDataFn)(vmc_device_handle handle, uint32_t child, uint32_t code, uint32_t sub,
-                                  uint32_t value, void* data, uint32_t* result, uint32_t* error);
+                                  uint32_t value, void* data, void* extra, uint32_t* error);
 typedef uint32_t (*DEV_TransferMemImageStartFn)(vmc_device_handle handle, uint32_t child, uint32_t frame,
                                                 uint32_t depth, uint64_t extra, uint32_t* error);
 typedef uint32_t (*DEV_TransferMemImageEndFn)(vmc_device_handle handle, uint32_t child, uint32_t depth,

@@ -53,7 +53,7 @@
  *                            pointer listOut
  *   DEV_GetMemModeList       as DEV_GetList, value1 partition
  *   DEV_SetData, DEV_GetData key child/code/sub; value1 value, pointer data,
- *                            pointer2 result word (never written). GetData
+ *                            pointer2 extra block (never written). GetData
  *                            copies a scripted list (32-bit words) to data.
  *                            SetData code 38 sub 0..3 and code 58 sub 0
  *                            store the lock slot (FAKE_LockSlot).

@@ -114,17 +114,17 @@ uint32_t DEV_GetLiveImageAddress(vmc_device_handle handle, uint32_t child, void*
 }
 
 uint32_t DEV_SetData(vmc_device_handle handle, uint32_t child, uint32_t code, uint32_t sub, uint32_t value,
-                     void* data, uint32_t* result, uint32_t* error) {
+                     void* data, void* extra, uint32_t* error) {
     return Give(Ask("DEV_SetData", {.handle = handle, .child = child, .code = code, .sub = sub, .value1 = value,
-                                    .pointer = Address(data), .pointer2 = Address(result)}),
+                                    .pointer = Address(data), .pointer2 = Address(extra)}),
                 error);
 }
 
 uint32_t DEV_GetData(vmc_device_handle handle, uint32_t child, uint32_t code, uint32_t sub, uint32_t value,
-                     void* data, uint32_t* result, uint32_t* error) {
+                     void* data, void* extra, uint32_t* error) {
     const fake::Reply answer =
         Ask("DEV_GetData", {.handle = handle, .child = child, .code = code, .sub = sub, .value1 = value,
-                            .pointer = Address(data), .pointer2 = Address(result)});
+                            .pointer = Address(data), .pointer2 = Address(extra)});
     PutList(data, nullptr, answer);
     return Give(answer, error);
 }
