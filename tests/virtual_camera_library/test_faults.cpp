@@ -1,0 +1,118 @@
+// Profiles that break: a file that can't be used, and the faults a profile
+// injects into a camera to drive the library's failure paths.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <sstream>
+#include <thread>
+
+#include "virtual_test.h"
+
+namespace vcam::test {
+namespace {
+
+// One monochrome camera, with the faults given (a JSON array).
+std::string OneCamera(const std::string& faults, double timeScale = 0.2) {
+    std::ostringstream json;
+    json << R"({"cameras": [{"name": "Faulty", "deviceCode": 258, "deviceId": 77,
+        "heads": [{"name": "Head", "sensorWidth": 512, "sensorHeight": 512, "bitDepth": 12,
+                   "colour": "mono", "memoryBytes": "1GiB"}],
+        "recordRates": [1000, 2000], "pixelRate": 1000000000, "timeScale": )"
+         << timeScale << R"(, "faults": )" << faults << "}]}";
+    return json.str();
+}
+
+// What detection wrote to standard error.
+std::string DetectCapturingErrors(DetectInfo* info, uint32_t* error) {
+    char path[] = "/tmp/vcam-stderr-XXXXXX";
+    const int capture = mkstemp(path);
+    const int saved = dup(2);
+    dup2(capture, 2);
+    *info = DetectVirtual(error);
+    fflush(stderr);
+    dup2(saved, 2);
+    close(saved);
+    std::ifstream file(path);
+    std::stringstream text;
+    text << file.rdbuf();
+    close(capture);
+    unlink(path);
+    return text.str();
+}
+
+TEST(VirtualFaults, AMalformedProfileIsReportedAndFindsNoCamera) {
+    const std::string path = UseProfile(R"({"cameras": [{"deviceCode": 258, "heads": [}]})");
+    DetectInfo info;
+    uint32_t error = 0;
+    const std::string message = DetectCapturingErrors(&info, &error);
+    EXPECT_EQ(VMC_ERR_OK, error);
+    EXPECT_EQ(0u, info.count);
+    EXPECT_NE(std::string::npos, message.find(path)) << message;
+    EXPECT_EQ(1, std::count(message.begin(), message.end(), '\n')) << message;
+}
+
+TEST(VirtualFaults, AnUnknownKeyIsNotIgnored) {
+    UseProfile(R"({"cameras": [{"deviceCode": 258, "deviceId": 1, "recordRatez": [1000]}]})");
+    DetectInfo info;
+    uint32_t error = 0;
+    const std::string message = DetectCapturingErrors(&info, &error);
+    EXPECT_EQ(0u, info.count);
+    EXPECT_NE(std::string::npos, message.find("recordRatez")) << message;
+}
+
+TEST(VirtualFaults, AFailingRequiredCodeFailsTheOpen) {
+    UseProfile(OneCamera(R"([{"kind": "fail", "code": 12, "error": 5}])"));
+    uint32_t error = 0;
+    DetectInfo info = DetectVirtual(&error);
+    ASSERT_EQ(1u, info.count);
+    uint32_t deviceNo = VMC_MAX_DEVICES;
+    EXPECT_EQ(0u, VMC_OpenDevice2(&info.entries[0], 0, 1, &deviceNo, &error));
+    EXPECT_EQ(5u, error);
+    VMC_CloseDevice(deviceNo, &error);
+}
+
+TEST(VirtualFaults, AnAbsentFeatureClearsItsFlag) {
+    UseProfile(OneCamera(R"([{"kind": "unsupported", "code": 424}])"));
+    uint32_t error = 0;
+    DetectInfo info = DetectVirtual(&error);
+    ASSERT_EQ(1u, info.count);
+    const uint32_t deviceNo = OpenEntry(info, 0, &error);
+    uint32_t value = 0;
+    EXPECT_EQ(0u, VMC_GetLinkSpeed(deviceNo, &value, &error));
+    EXPECT_EQ(VMC_ERR_NOT_SUPPORTED, error);
+}
+
+TEST(VirtualFaults, FailuresAfterSomeExchanges) {
+    UseProfile(OneCamera(R"([{"kind": "fail-after", "calls": 4, "error": 77}])"));
+    uint32_t error = 0;
+    DetectInfo info = DetectVirtual(&error);
+    ASSERT_EQ(1u, info.count);
+    uint32_t deviceNo = VMC_MAX_DEVICES;
+    EXPECT_EQ(0u, VMC_OpenDevice2(&info.entries[0], 0, 1, &deviceNo, &error));
+    EXPECT_EQ(77u, error);
+    VMC_CloseDevice(deviceNo, &error);
+}
+
+TEST(VirtualFaults, ALinkThatDropsIsSeenByTheLibrary) {
+    // Two camera seconds at a time scale of 0.05: the link drops 100 ms after the open.
+    UseProfile(OneCamera(R"([{"kind": "link-drop-at", "seconds": 2}])", 0.05));
+    uint32_t error = 0;
+    DetectInfo info = DetectVirtual(&error);
+    ASSERT_EQ(1u, info.count);
+    const uint32_t deviceNo = OpenEntry(info, 0, &error);
+    uint32_t connected = 1;
+    const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (connected && std::chrono::steady_clock::now() < giveUp) {
+        ASSERT_EQ(1u, VMC_GetConnectStatus(deviceNo, &connected, &error));
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_EQ(0u, connected);
+    uint32_t a = 0, b = 0;
+    EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
+    EXPECT_EQ(VMC_ERR_DISCONNECTED, error);
+    EXPECT_EQ(1u, VMC_CloseDevice(deviceNo, &error));  // closing a dead link still frees the device
+}
+
+}  // namespace
+}  // namespace vcam::test
