@@ -11,6 +11,10 @@ REFERENCES = [
     ("BM_TakeDeviceLock", "BM_PlainRecursiveMutex"),
     ("BM_TakeDeviceLock", "BM_ModuleCall"),
     ("BM_TransferMemImage", "BM_Memcpy2MiB"),
+    ("BM_RenderMono16", "BM_Memcpy"),
+    ("BM_RenderMono8", "BM_Memcpy"),
+    ("BM_RenderBayerRaw16", "BM_Memcpy"),
+    ("BM_RenderColour8", "BM_Memcpy"),
 ]
 
 

@@ -34,10 +34,19 @@ class VmcTool : public ::testing::Test {
 protected:
     // Runs the tool on the cameras of `script` (default: the demo set-up).
     Outcome Vmc(const std::string& arguments, const std::string& script = VMC_DEMO_SCRIPT) {
+        return Run("env VMC_MODULE_PATH=" + Quote(VMC_TEST_MODULE_DIR) + " VMC_FAKE_SCRIPT=" + Quote(script) + " " +
+                   Quote(VMC_TOOL) + " " + arguments);
+    }
+
+    // Runs the tool on the default virtual cameras.
+    Outcome VirtualVmc(const std::string& arguments) {
+        return Run("env -u VMC_VIRTUAL_CAMERAS VMC_MODULE_PATH=" + Quote(VMC_MODULE_DIR) + " " + Quote(VMC_TOOL) + " " +
+                   arguments);
+    }
+
+    Outcome Run(const std::string& commandLine) {
         const std::string errPath = folder_.path() + "/stderr";
-        const std::string command = "env VMC_MODULE_PATH=" + Quote(VMC_TEST_MODULE_DIR) +
-                                    " VMC_FAKE_SCRIPT=" + Quote(script) + " " + Quote(VMC_TOOL) + " " + arguments +
-                                    " 2>" + Quote(errPath);
+        const std::string command = commandLine + " 2>" + Quote(errPath);
         Outcome run;
         FILE* pipe = popen(command.c_str(), "r");
         if (!pipe) return run;
@@ -196,6 +205,21 @@ TEST_F(VmcTool, ACameraNumberBeyondTheDetection) {
     const Outcome run = Vmc("info --device 5");
     EXPECT_EQ(1, run.exitCode);
     ExpectOneLineProblem(run, "there is no camera 5: the virtual link has 2 cameras, numbers 0 to 1");
+}
+
+// ---- the default virtual cameras ---------------------------------------------
+
+TEST_F(VmcTool, TheDefaultVirtualCameras) {
+    const Outcome detect = VirtualVmc("detect");
+    EXPECT_EQ(0, detect.exitCode) << detect.err;
+    EXPECT_NE(std::string::npos, detect.out.find("code 258")) << detect.out;
+    EXPECT_NE(std::string::npos, detect.out.find("code 260")) << detect.out;
+
+    const Outcome info = VirtualVmc("info --device 1 --json");
+    ASSERT_EQ(0, info.exitCode) << info.err;
+    const auto json = nlohmann::json::parse(info.out);
+    EXPECT_EQ(260, json["deviceCode"]);
+    EXPECT_EQ(2u, json["heads"].size());
 }
 
 }  // namespace

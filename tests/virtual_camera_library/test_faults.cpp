@@ -7,6 +7,8 @@
 #include <sstream>
 #include <thread>
 
+#include "camera/image.h"
+#include "contract.h"
 #include "virtual_test.h"
 
 namespace vcam::test {
@@ -112,6 +114,38 @@ TEST(VirtualFaults, ALinkThatDropsIsSeenByTheLibrary) {
     EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
     EXPECT_EQ(VMC_ERR_DISCONNECTED, error);
     EXPECT_EQ(1u, VMC_CloseDevice(deviceNo, &error));  // closing a dead link still frees the device
+}
+
+TEST(VirtualFaults, ALinkThatDropsAfterSomeExchanges) {
+    UseProfile(OneCamera(R"([{"kind": "link-drop-after", "calls": 200}])"));
+    uint32_t error = 0;
+    DetectInfo info = DetectVirtual(&error);
+    ASSERT_EQ(1u, info.count);
+    const uint32_t deviceNo = OpenEntry(info, 0, &error);
+    uint32_t connected = 1;
+    int calls = 0;
+    for (; calls < 200 && connected; ++calls) ASSERT_EQ(1u, VMC_GetConnectStatus(deviceNo, &connected, &error));
+    EXPECT_EQ(0u, connected);
+    EXPECT_LT(calls, 200);
+    uint32_t a = 0, b = 0;
+    EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
+    EXPECT_EQ(VMC_ERR_DISCONNECTED, error);
+}
+
+TEST(VirtualFaults, SlowTransfersStillDeliverWholeFrames) {
+    // 512 x 512 at two bytes a sample is 512 KiB: at 5 MB/s no faster than 100 ms.
+    UseProfile(OneCamera(R"([{"kind": "slow-transfers", "bytesPerSecond": 5000000}])"));
+    Contract contract;
+    uint32_t ids[64], codes[64], error = 0;
+    ASSERT_EQ(1u, contract.Detect(ids, codes));
+    const vmc_device_handle handle = contract.Open(ids[0]);
+    std::vector<uint8_t> frame(512 * 512 * 2);
+    const auto started = std::chrono::steady_clock::now();
+    ASSERT_EQ(1u, contract.Module().DEV_TransferLiveImage(handle, 1, 16, frame.data(), &error)) << error;
+    EXPECT_GE(std::chrono::steady_clock::now() - started, std::chrono::milliseconds(100));
+    FrameId id;
+    EXPECT_TRUE(ReadStamp(frame.data(), &id));
+    contract.Module().DEV_CloseDevice(handle, &error);
 }
 
 }  // namespace

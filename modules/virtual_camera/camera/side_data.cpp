@@ -125,7 +125,7 @@ void WriteTemperature(const RecordingTiming& timing, int64_t frame, uint8_t* out
     Put16(out, uint16_t(Warming(t, 385 + unit, 40, 2)));
     Put16(out + 2, uint16_t(Warming(t, 402 + unit, 25, 5)));
     Put16(out + 4, uint16_t(Warming(t, 455 + unit, 30, 3)));
-    Put16(out + 6, uint16_t(int16_t(231)));
+    Put16(out + 6, 231);  // ambient: the room stays at 23.1 degC
 }
 
 // A decaying ring of amplitude `mg` and `hz`, `tau` seconds of decay.
