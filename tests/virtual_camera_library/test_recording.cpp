@@ -102,5 +102,42 @@ TEST_F(Recording, IrigOfNeighbouringFramesIsOneFramePeriodApart) {
     EXPECT_EQ(1000000ull / rate, micros(records + 20) - micros(records));
 }
 
+TEST_F(Recording, SplitTransfersWithAndWithoutReadAhead) {
+    const uint32_t recorded = Record(0);
+    ASSERT_GT(recorded, 3u);
+    const uint32_t resolution = Caps(1, VMC_CODE_RESOLUTION);
+    std::vector<uint8_t> frame(size_t(resolution >> 16) * (resolution & 0xFFFF) * 2);
+    uint32_t error = 0;
+    FrameId id;
+
+    ASSERT_EQ(1u, dev().DEV_TransferMemImageStart(handle_, 1, 2, 16, 0, &error)) << error;
+    EXPECT_EQ(0u, dev().DEV_TransferMemImageStart(handle_, 1, 3, 16, 0, &error));
+    EXPECT_EQ(VMC_ERR_TRANSFER_STATE, error);  // one open pair a channel
+    ASSERT_EQ(1u, dev().DEV_TransferMemImageEnd(handle_, 1, 16, frame.data(), &error));
+    ASSERT_TRUE(ReadStamp(frame.data(), &id));
+    EXPECT_EQ(2, id.number);
+    EXPECT_EQ(0u, dev().DEV_TransferMemImageEnd(handle_, 1, 16, frame.data(), &error));
+    EXPECT_EQ(VMC_ERR_TRANSFER_STATE, error);
+
+    // Reading ahead, the frame travels in the background under the channel's
+    // lock: while the caller holds that lock the transfer waits, then completes.
+    pthread_mutexattr_t attributes;
+    pthread_mutexattr_init(&attributes);
+    pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
+    pthread_mutex_t mutex;
+    pthread_mutex_init(&mutex, &attributes);
+    vmc_lock_handle lock = &mutex;
+    uint32_t scratch = 0;
+    ASSERT_EQ(1u, dev().DEV_SetData(handle_, 0, VMC_DATA_DEVICE_MUTEX, 2, 0, &lock, &scratch, &error));
+    Set(VMC_CODE_READ_AHEAD_TRANSFER, 1);
+    pthread_mutex_lock(&mutex);
+    ASSERT_EQ(1u, dev().DEV_TransferMemImageStart2(handle_, 1, 3, 16, 3, 0, &error)) << error;
+    pthread_mutex_unlock(&mutex);
+    ASSERT_EQ(1u, dev().DEV_TransferMemImageEnd2(handle_, 1, 16, 3, frame.data(), &error)) << error;
+    ASSERT_TRUE(ReadStamp(frame.data(), &id));
+    EXPECT_EQ(3, id.number);
+    pthread_mutex_destroy(&mutex);
+}
+
 }  // namespace
 }  // namespace vcam::test

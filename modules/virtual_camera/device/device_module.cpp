@@ -2,9 +2,12 @@
 // the far end of whatever link the library hands it at open. It keeps no
 // camera state of its own but the locks it was handed and the frames of
 // split transfers; every setting is the camera's.
+#include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <memory>
 #include <mutex>
+#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -22,16 +25,51 @@ namespace {
 constexpr uint32_t kChannels = 4;       // device lock and transfer channels 2..4
 constexpr uint32_t kGlobalLockSlot = 4;
 
+constexpr uint32_t kLockWaitSeconds = 20;  // as long as the library waits for its own locks
+
 struct SplitTransfer {
     bool pending = false;
     std::vector<uint8_t> frame;
+    std::thread worker;  // a read-ahead transfer still on its way
+    uint32_t result = 1;
 };
 
 struct Device {
+    explicit Device(LinkClient client) : link(client) {}
+    ~Device() {
+        for (SplitTransfer& transfer : transfers)
+            if (transfer.worker.joinable()) transfer.worker.join();
+    }
     LinkClient link;
     vmc_lock_slot locks[kChannels + 1] = {};
     std::mutex transfersMutex;
     SplitTransfer transfers[kChannels];  // one open start/end pair a channel
+};
+
+// Holds one of the locks the library handed over, as the library's own calls
+// do: a transfer in the background keeps other calls off its channel.
+class HandedLock {
+public:
+    explicit HandedLock(vmc_lock_slot slot) {
+        if (!slot || !*slot) return;  // nothing handed over: nothing to share
+        timespec deadline{};
+        clock_gettime(CLOCK_REALTIME, &deadline);
+        deadline.tv_sec += kLockWaitSeconds;
+        int rc = pthread_mutex_timedlock(*slot, &deadline);
+        if (rc == EOWNERDEAD) rc = pthread_mutex_consistent(*slot);
+        if (rc == 0) mutex_ = *slot;
+        else failed_ = true;
+    }
+    ~HandedLock() {
+        if (mutex_) pthread_mutex_unlock(mutex_);
+    }
+    HandedLock(const HandedLock&) = delete;
+    HandedLock& operator=(const HandedLock&) = delete;
+    bool Failed() const { return failed_; }
+
+private:
+    pthread_mutex_t* mutex_ = nullptr;
+    bool failed_ = false;
 };
 
 // Devices by handle (1-based); a closed device leaves an empty entry.
@@ -100,29 +138,55 @@ uint32_t Transfer(Device& device, wire::Op op, uint32_t child, uint32_t frame, u
     return device.link.ReadFrame(answer.reply.value1, buffer, answer.reply.value2);
 }
 
+// Whether the camera reads ahead: then the start half of a split transfer
+// returns at once and the frame travels in the background.
+bool ReadsAhead(Device& device) {
+    Answer answer;
+    return Ask(device, MakeRequest(wire::Op::GetCaps, 0, VMC_CODE_READ_AHEAD_TRANSFER), &answer) == VMC_ERR_OK &&
+           answer.reply.value1 != 0;
+}
+
 // The start half of a split transfer reads the frame into the module's own
-// buffer; the end half hands it over.
+// buffer, now or in the background; the end half hands it over.
 uint32_t StartTransfer(Device& device, uint32_t channel, uint32_t child, uint32_t frame, uint32_t depth) {
+    const bool readAhead = ReadsAhead(device);
     wire::Request request = MakeRequest(wire::Op::PrepareMemoryFrame, child, 0, frame);
     request.value1 = depth;
     Answer answer;
     const uint32_t error = Ask(device, request, &answer);
     if (error != VMC_ERR_OK) return error;
+    const uint32_t ticket = answer.reply.value1;
+
     std::lock_guard lock(device.transfersMutex);
     SplitTransfer& transfer = device.transfers[channel];
+    if (transfer.pending) return VMC_ERR_TRANSFER_STATE;
     transfer.frame.resize(answer.reply.value2);
-    const uint32_t read = device.link.ReadFrame(answer.reply.value1, transfer.frame.data(), transfer.frame.size());
-    transfer.pending = read == VMC_ERR_OK;
-    return read;
+    transfer.pending = true;
+    if (!readAhead) {
+        transfer.result = device.link.ReadFrame(ticket, transfer.frame.data(), transfer.frame.size());
+        transfer.pending = transfer.result == VMC_ERR_OK;
+        return transfer.result;
+    }
+    // The library holds no lock between the two halves when the camera reads
+    // ahead; the worker holds the channel's lock while the frame travels.
+    transfer.worker = std::thread([&device, &transfer, channel, ticket] {
+        HandedLock channelLock(device.locks[channel]);
+        transfer.result = channelLock.Failed()
+                              ? static_cast<uint32_t>(VMC_ERR_LOCK_TIMEOUT)
+                              : device.link.ReadFrame(ticket, transfer.frame.data(), transfer.frame.size());
+    });
+    return VMC_ERR_OK;
 }
 
 uint32_t EndTransfer(Device& device, uint32_t channel, void* buffer) {
     std::lock_guard lock(device.transfersMutex);
     SplitTransfer& transfer = device.transfers[channel];
     if (!transfer.pending) return VMC_ERR_TRANSFER_STATE;
+    if (transfer.worker.joinable()) transfer.worker.join();
+    transfer.pending = false;
+    if (transfer.result != VMC_ERR_OK) return transfer.result;
     if (!buffer) return VMC_ERR_BAD_ARGUMENT;
     std::memcpy(buffer, transfer.frame.data(), transfer.frame.size());
-    transfer.pending = false;
     return VMC_ERR_OK;
 }
 
