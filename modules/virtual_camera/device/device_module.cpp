@@ -35,12 +35,17 @@ struct SplitTransfer {
 };
 
 struct Device {
-    explicit Device(LinkClient client) : link(client) {}
+    Device(LinkClient client, uint32_t address) : link(client), deviceAddress(address) {}
     ~Device() {
         for (SplitTransfer& transfer : transfers)
             if (transfer.worker.joinable()) transfer.worker.join();
     }
     LinkClient link;
+    uint32_t deviceAddress;
+    // The sub-interface: a second link to the camera that the transfer
+    // channels 2..4 use while it is open.
+    std::mutex subMutex;
+    std::unique_ptr<LinkClient> sub;
     vmc_lock_slot locks[kChannels + 1] = {};
     std::mutex transfersMutex;
     SplitTransfer transfers[kChannels];  // one open start/end pair a channel
@@ -129,13 +134,59 @@ void CopyName(const Answer& answer, char* name) {
 }
 
 // A frame: the camera prepares it and names a ticket, the link carries it.
-uint32_t Transfer(Device& device, wire::Op op, uint32_t child, uint32_t frame, uint32_t depth, void* buffer) {
+uint32_t TransferOn(const LinkClient& link, wire::Op op, uint32_t child, uint32_t frame, uint32_t depth,
+                    void* buffer) {
     wire::Request request = MakeRequest(op, child, 0, frame);
     request.value1 = depth;
     Answer answer;
-    const uint32_t error = Ask(device, request, &answer);
+    const uint32_t linkError = link.Exchange(request, nullptr, &answer);
+    const uint32_t error = linkError == VMC_ERR_OK ? answer.reply.error : linkError;
     if (error != VMC_ERR_OK) return error;
-    return device.link.ReadFrame(answer.reply.value1, buffer, answer.reply.value2);
+    return link.ReadFrame(answer.reply.value1, buffer, answer.reply.value2);
+}
+
+uint32_t Transfer(Device& device, wire::Op op, uint32_t child, uint32_t frame, uint32_t depth, void* buffer) {
+    return TransferOn(device.link, op, child, frame, depth, buffer);
+}
+
+// Channels 2..4 travel over the sub-interface while it is open.
+uint32_t TransferOnChannel(Device& device, uint32_t channel, uint32_t child, uint32_t frame, uint32_t depth,
+                           void* buffer) {
+    std::unique_lock lock(device.subMutex);
+    if (channel >= 2 && channel <= 4 && device.sub)
+        return TransferOn(*device.sub, wire::Op::PrepareMemoryFrame, child, frame, depth, buffer);
+    lock.unlock();
+    return Transfer(device, wire::Op::PrepareMemoryFrame, child, frame, depth, buffer);
+}
+
+// The camera offers a sub-interface when it answers its interface mode.
+uint32_t SubInterfaceMode(Device& device, uint32_t* mode) {
+    Answer answer;
+    const uint32_t error = Ask(device, MakeRequest(wire::Op::GetCaps, 0, VMC_CODE_SUB_INTERFACE_MODE), &answer);
+    if (error == VMC_ERR_OK && mode) *mode = answer.reply.value1;
+    return error;
+}
+
+uint32_t OpenSubInterface(Device& device) {
+    uint32_t mode = 0;
+    const uint32_t offered = SubInterfaceMode(device, &mode);
+    if (offered != VMC_ERR_OK) return offered;
+    std::lock_guard lock(device.subMutex);
+    if (device.sub) return VMC_ERR_BUSY;
+    InterfaceModule* module = device.link.Module();
+    if (!module->INT_Open) return VMC_ERR_NOT_SUPPORTED;
+    uint32_t link = 0, error = VMC_ERR_OK;
+    if (!module->INT_Open(device.deviceAddress, &link, &error)) return error;
+    device.sub = std::make_unique<LinkClient>(module, link);
+    return VMC_ERR_OK;
+}
+
+uint32_t CloseSubInterface(Device& device) {
+    std::lock_guard lock(device.subMutex);
+    if (!device.sub) return VMC_ERR_NOT_OPEN;
+    device.sub->Close();
+    device.sub.reset();
+    return VMC_ERR_OK;
 }
 
 // Whether the camera reads ahead: then the start half of a split transfer
@@ -210,7 +261,7 @@ VDEV_EXPORT uint32_t DEV_OpenDevice(uint32_t, InterfaceModule* interfaceModule, 
         if (!interfaceModule->INT_Open(deviceAddress, &link, &linkError)) return Result(linkError, error);
         Devices& devices = Table();
         std::lock_guard lock(devices.mutex);
-        devices.open.push_back(std::make_unique<Device>(LinkClient(interfaceModule, link)));
+        devices.open.push_back(std::make_unique<Device>(LinkClient(interfaceModule, link), deviceAddress));
         *handleOut = static_cast<vmc_device_handle>(devices.open.size());
         return Result(VMC_ERR_OK, error);
     } catch (...) {
@@ -234,6 +285,7 @@ VDEV_EXPORT uint32_t DEV_CloseDevice(vmc_device_handle handle, uint32_t* error) 
                 return Result(VMC_ERR_NOT_OPEN, error);
             device = std::move(devices.open[handle - 1]);
         }
+        if (device->sub) device->sub->Close();
         device->link.Close();  // a link that is already down closes all the same
         return Result(VMC_ERR_OK, error);
     } catch (...) {
@@ -402,8 +454,27 @@ VDEV_EXPORT uint32_t DEV_TransferMemImage(vmc_device_handle handle, uint32_t chi
 }
 
 VDEV_EXPORT uint32_t DEV_TransferMemImage2(vmc_device_handle handle, uint32_t child, uint32_t frame, uint32_t depth,
-                                           uint32_t, void* buffer, uint32_t* error) {
-    return DEV_TransferMemImage(handle, child, frame, depth, buffer, error);
+                                           uint32_t channel, void* buffer, uint32_t* error) {
+    return OnDevice(handle, error,
+                    [&](Device& device) { return TransferOnChannel(device, channel, child, frame, depth, buffer); });
+}
+
+VDEV_EXPORT uint32_t DEV_GetSubInterface(vmc_device_handle handle, uint32_t* modeOut, uint32_t* error) {
+    return OnDevice(handle, error, [&](Device& device) { return SubInterfaceMode(device, modeOut); });
+}
+
+// The mode and the link parameters choose among kinds of second link on
+// other interfaces; the virtual link has one kind.
+VDEV_EXPORT uint32_t DEV_OpenSubInterface(vmc_device_handle handle, uint32_t, uint32_t* error) {
+    return OnDevice(handle, error, [&](Device& device) { return OpenSubInterface(device); });
+}
+
+VDEV_EXPORT uint32_t DEV_OpenSubInterface2(vmc_device_handle handle, uint32_t, uint32_t, uint32_t, uint32_t* error) {
+    return OnDevice(handle, error, [&](Device& device) { return OpenSubInterface(device); });
+}
+
+VDEV_EXPORT uint32_t DEV_CloseSubInterface(vmc_device_handle handle, uint32_t* error) {
+    return OnDevice(handle, error, [&](Device& device) { return CloseSubInterface(device); });
 }
 
 VDEV_EXPORT uint32_t DEV_TransferMemImageStart(vmc_device_handle handle, uint32_t child, uint32_t frame,
@@ -435,5 +506,6 @@ VDEV_CHECK(DEV_GetMemModeDeviceCaps) VDEV_CHECK(DEV_GetList) VDEV_CHECK(DEV_GetM
 VDEV_CHECK(DEV_SetData) VDEV_CHECK(DEV_GetData) VDEV_CHECK(DEV_GetDeviceName) VDEV_CHECK(DEV_GetHeadTypeName)
 VDEV_CHECK(DEV_TransferLiveImage) VDEV_CHECK(DEV_TransferLiveImageCache) VDEV_CHECK(DEV_TransferMemImage)
 VDEV_CHECK(DEV_TransferMemImage2) VDEV_CHECK(DEV_TransferMemImageStart) VDEV_CHECK(DEV_TransferMemImageEnd)
-VDEV_CHECK(DEV_TransferMemImageStart2) VDEV_CHECK(DEV_TransferMemImageEnd2)
+VDEV_CHECK(DEV_TransferMemImageStart2) VDEV_CHECK(DEV_TransferMemImageEnd2) VDEV_CHECK(DEV_GetSubInterface)
+VDEV_CHECK(DEV_OpenSubInterface) VDEV_CHECK(DEV_OpenSubInterface2) VDEV_CHECK(DEV_CloseSubInterface)
 #undef VDEV_CHECK

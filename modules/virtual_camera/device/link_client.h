@@ -27,6 +27,7 @@ public:
     // Fetches the frame of a ticket into buffer.
     uint32_t ReadFrame(uint32_t ticket, void* buffer, uint64_t bytes) const;
     uint32_t Close() const;
+    InterfaceModule* Module() const { return module_; }
 
 private:
     InterfaceModule* module_;
