@@ -4,34 +4,11 @@
 #include <cstring>
 
 #include "core/frame.h"
+#include "core/module_files.h"
 #include "platform/module_loader.h"
 
 namespace vmc {
 namespace {
-
-struct CodeFile {
-    uint32_t code;
-    const char* file;
-};
-
-constexpr CodeFile kDeviceFiles[] = {
-#define DEVICE_MODULE_FILE(code, file) {code, file},
-#include "core/device_module_files.def"
-#undef DEVICE_MODULE_FILE
-};
-
-constexpr CodeFile kInterfaceFiles[] = {
-#define INTERFACE_MODULE_FILE(code, file) {code, file},
-#include "core/interface_module_files.def"
-#undef INTERFACE_MODULE_FILE
-};
-
-template <size_t N>
-const char* FileOf(const CodeFile (&table)[N], uint32_t code) {
-    for (const CodeFile& row : table)
-        if (row.code == code) return row.file;
-    return nullptr;
-}
 
 struct EntryName {
     const char* name;
@@ -72,8 +49,8 @@ uint32_t Load(const char* file, Table& slot, uint32_t* error) {
 
 }  // namespace
 
-const char* DeviceModuleFile(uint32_t deviceCode) { return FileOf(kDeviceFiles, deviceCode); }
-const char* InterfaceModuleFile(uint32_t interfaceCode) { return FileOf(kInterfaceFiles, interfaceCode); }
+const char* DeviceModuleFile(uint32_t deviceCode) { return ModuleFileOf(kDeviceModuleFiles, deviceCode); }
+const char* InterfaceModuleFile(uint32_t interfaceCode) { return ModuleFileOf(kInterfaceModuleFiles, interfaceCode); }
 
 uint32_t LoadDeviceModule(uint32_t deviceCode, DeviceModule& slot, uint32_t* error) {
     return Load(DeviceModuleFile(deviceCode), slot, error);

@@ -2,6 +2,8 @@
 
 #include <vmc/vmc.h>
 
+#include "core/module_files.h"
+
 #include <cstdio>
 
 namespace vmctool {
@@ -17,30 +19,6 @@ constexpr Link kLinks[] = {
     {"usb", VMC_INTERFACE_USB},         {"optical", VMC_INTERFACE_OPTICAL}, {"1394", VMC_INTERFACE_1394},
     {"pci", VMC_INTERFACE_PCI},         {"dvr", VMC_INTERFACE_DVR},
 };
-
-struct ModuleFile {
-    uint32_t code;
-    const char* file;
-};
-
-constexpr ModuleFile kInterfaceFiles[] = {
-#define INTERFACE_MODULE_FILE(code, file) {code, file},
-#include "core/interface_module_files.def"
-#undef INTERFACE_MODULE_FILE
-};
-
-constexpr ModuleFile kDeviceFiles[] = {
-#define DEVICE_MODULE_FILE(code, file) {code, file},
-#include "core/device_module_files.def"
-#undef DEVICE_MODULE_FILE
-};
-
-template <size_t N>
-const char* FileOf(const ModuleFile (&table)[N], uint32_t code) {
-    for (const ModuleFile& entry : table)
-        if (entry.code == code) return entry.file;
-    return nullptr;
-}
 
 }  // namespace
 
@@ -67,14 +45,14 @@ bool IsAddressed(uint32_t interfaceCode) {
 }
 
 std::string InterfaceModuleText(uint32_t interfaceCode) {
-    const char* file = FileOf(kInterfaceFiles, interfaceCode);
+    const char* file = vmc::ModuleFileOf(vmc::kInterfaceModuleFiles, interfaceCode);
     const std::string link = LinkName(interfaceCode);
     if (!file) return "interface module for " + link + " (no module file has that code)";
     return "interface module " + std::string(file) + " of the " + link + " link";
 }
 
 std::string DeviceModuleText(uint32_t deviceCode) {
-    const char* file = FileOf(kDeviceFiles, deviceCode);
+    const char* file = vmc::ModuleFileOf(vmc::kDeviceModuleFiles, deviceCode);
     const std::string code = std::to_string(deviceCode);
     if (!file) return "device module for code " + code + " (no module file has that code)";
     return "device module " + std::string(file) + " for code " + code;

@@ -12,6 +12,7 @@
 
 #include "camera/features.h"
 #include "camera/profile.h"
+#include "core/module_files.h"
 #include "camera/profile_json_reader.h"
 
 namespace vcam {
@@ -44,14 +45,7 @@ FaultKind Kind(const Node& node) {
 }
 
 // The library's own table of module files, so that the two can't disagree.
-bool HasDeviceModule(uint32_t code) {
-    static const uint32_t kCodes[] = {
-#define DEVICE_MODULE_FILE(code, file) code,
-#include "core/device_module_files.def"
-#undef DEVICE_MODULE_FILE
-    };
-    return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
-}
+bool HasDeviceModule(uint32_t code) { return vmc::ModuleFileOf(vmc::kDeviceModuleFiles, code) != nullptr; }
 
 // ---- Schema -----------------------------------------------------------------
 
