@@ -68,7 +68,12 @@ private:
         std::string path;
         for (size_t i = 0; i + 1 < frames_.size(); ++i) {
             const Frame& frame = frames_[i];
-            path += frame.array ? "[" + std::to_string(frame.index) + "]" : (path.empty() ? "" : ".") + frame.key;
+            if (frame.array) {
+                path.append("[").append(std::to_string(frame.index)).append("]");
+            } else {
+                if (!path.empty()) path.append(".");
+                path.append(frame.key);
+            }
         }
         return path;
     }
