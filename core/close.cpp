@@ -20,14 +20,6 @@ void RecomputeGlobalLockRequired() {
 
 namespace {
 
-void FreeChildren(DeviceRecord& record) {
-    const uint32_t last = record.maxChildDeviceCount < kMaxChildren ? record.maxChildDeviceCount : kMaxChildren;
-    for (uint32_t childNo = 1; childNo <= last; ++childNo) {
-        std::free(record.childRecords[childNo - 1]);
-        record.childRecords[childNo - 1] = nullptr;
-    }
-}
-
 uint32_t CloseDevice(uint32_t deviceNo, uint32_t* error) {
     if (!DeviceNoInRange(deviceNo, error)) return 0;
     *error = VMC_ERR_OK;
@@ -39,7 +31,7 @@ uint32_t CloseDevice(uint32_t deviceNo, uint32_t* error) {
     const uint32_t closed = CallDevice(deviceNo, &DeviceModule::DEV_CloseDevice, error);
 
     DeviceModule& module = ModuleOf(deviceNo);
-    FreeChildren(record);
+    FreeChildRecords(record);
     std::memset(&record, 0, sizeof record);
 
     if (closed == 1) {

@@ -50,6 +50,15 @@ extern LibraryState state;
 inline DeviceRecord& Record(uint32_t deviceNo) { return state.deviceTable[deviceNo]; }
 inline platform::MutexHandle& DeviceMutex(uint32_t deviceNo) { return state.channelMutex[0][deviceNo]; }
 
+// Child numbers 1..this have a slot: what the camera reported, capped at the
+// twelve slots a record holds, in case a module reports more.
+inline uint32_t ChildSlots(const DeviceRecord& record) {
+    return record.maxChildDeviceCount < kMaxChildren ? record.maxChildDeviceCount : kMaxChildren;
+}
+
+// Frees every child record of a device and nulls its slot.
+void FreeChildRecords(DeviceRecord& record);
+
 // The child record of child c (1-based), or null when absent.
 inline ChildRecord* Child(uint32_t deviceNo, uint32_t childNo) {
     return state.deviceTable[deviceNo].childRecords[childNo - 1];

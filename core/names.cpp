@@ -19,7 +19,7 @@ uint32_t DeviceNameA(uint32_t deviceNo, uint32_t childNo, char* name, uint32_t* 
         std::memcpy(name, record.deviceName, VMC_NAME_SIZE);
         return 1;
     }
-    if (childNo > record.maxChildDeviceCount || childNo > kMaxChildren) return Fail(error, VMC_ERR_BAD_CHILD);
+    if (childNo > ChildSlots(record)) return Fail(error, VMC_ERR_BAD_CHILD);
     if (record.deviceCode & kExchangeableHeadsBit)
         return CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceName, error, childNo, name);
     const ChildRecord* child = Child(deviceNo, childNo);

@@ -7,7 +7,7 @@ namespace vmc {
 namespace {
 
 bool ChildExists(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
-    if (childNo > Record(deviceNo).maxChildDeviceCount || childNo > kMaxChildren || !Child(deviceNo, childNo)) {
+    if (childNo > ChildSlots(Record(deviceNo)) || !Child(deviceNo, childNo)) {
         *error = VMC_ERR_BAD_CHILD;
         return false;
     }

@@ -12,4 +12,9 @@ namespace vmc {
 uint32_t LoadDeviceState(uint32_t deviceNo, uint32_t packetMode, uint32_t* error);
 uint32_t LoadChildState(uint32_t deviceNo, uint32_t childNo, uint32_t* error);
 
+// Asks the module for the name of the device (child 0) or a head into a
+// 256-byte field; a refused name leaves `fallback` there. Returns the
+// module's result.
+uint32_t ReadName(uint32_t deviceNo, uint32_t child, char* field, const char* fallback, uint32_t* error);
+
 }  // namespace vmc

@@ -20,14 +20,7 @@ struct ChildLoad {
 using Step = bool (*)(ChildLoad&);
 
 bool ReadChildName(ChildLoad& load) {
-    char name[VMC_NAME_SIZE] = {};
-    if (CallDevice(load.deviceNo, &DeviceModule::DEV_GetDeviceName, load.error, load.childNo, name)) {
-        name[VMC_NAME_SIZE - 1] = '\0';
-        std::memcpy(load.child.childName, name, sizeof name);
-    } else {
-        std::memset(load.child.childName, 0, sizeof load.child.childName);
-        std::strcpy(load.child.childName, "Unknown Child Device");
-    }
+    ReadName(load.deviceNo, load.childNo, load.child.childName, "Unknown Child Device", load.error);
     return true;
 }
 
@@ -36,6 +29,18 @@ constexpr Step kSteps[] = {
 };
 
 }  // namespace
+
+uint32_t ReadName(uint32_t deviceNo, uint32_t child, char* field, const char* fallback, uint32_t* error) {
+    char name[VMC_NAME_SIZE] = {};
+    const uint32_t answered = CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceName, error, child, name);
+    name[VMC_NAME_SIZE - 1] = '\0';
+    if (!answered) {
+        std::memset(name, 0, sizeof name);
+        std::strcpy(name, fallback);
+    }
+    std::memcpy(field, name, sizeof name);
+    return answered;
+}
 
 uint32_t LoadChildState(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
     ChildLoad load = {deviceNo, childNo, error, *Child(deviceNo, childNo)};

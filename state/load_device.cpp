@@ -43,15 +43,6 @@ bool QueryTolerant(DeviceLoad& load, uint32_t code, uint32_t* field, uint8_t* fl
     return true;
 }
 
-void FreeChildren(DeviceLoad& load) {
-    const uint32_t last = load.record.maxChildDeviceCount < kMaxChildren ? load.record.maxChildDeviceCount
-                                                                          : kMaxChildren;
-    for (uint32_t childNo = 1; childNo <= last; ++childNo) {
-        std::free(load.record.childRecords[childNo - 1]);
-        load.record.childRecords[childNo - 1] = nullptr;
-    }
-}
-
 // The module shares the library's locks: it may block on the same lock as
 // a caller, so the slots it is handed must stay put while the device is open.
 bool HandOverGlobalLock(DeviceLoad& load) {
@@ -120,13 +111,11 @@ bool ReadExistingChildren(DeviceLoad& load) {
 }
 
 bool LoadChildren(DeviceLoad& load) {
-    const uint32_t entries = load.record.maxChildDeviceCount < kMaxChildren ? load.record.maxChildDeviceCount
-                                                                             : kMaxChildren;
-    for (uint32_t i = 0; i < entries; ++i) {
+    for (uint32_t i = 0; i < ChildSlots(load.record); ++i) {
         const uint32_t childNo = load.children[i];
         if (childNo == 0) continue;
         bool loaded = false;
-        if (childNo > kMaxChildren || childNo > load.record.maxChildDeviceCount) {
+        if (childNo > ChildSlots(load.record)) {
             *load.error = VMC_ERR_BAD_CHILD;  // a head number the record has no slot for
         } else if (void* block = std::calloc(1, sizeof(ChildRecord))) {
             std::free(load.record.childRecords[childNo - 1]);  // a list naming a head twice
@@ -136,7 +125,7 @@ bool LoadChildren(DeviceLoad& load) {
             *load.error = VMC_ERR_NO_MEMORY;
         }
         if (!loaded) {
-            FreeChildren(load);
+            FreeChildRecords(load.record);
             return false;
         }
     }
@@ -146,21 +135,14 @@ bool LoadChildren(DeviceLoad& load) {
 // Every module must answer the trigger mode.
 bool ReadTriggerMode(DeviceLoad& load) {
     if (RefreshTriggerMode(load.deviceNo, load.error)) return true;
-    if (Tolerated(load)) FreeChildren(load);
+    if (Tolerated(load)) FreeChildRecords(load.record);
     return false;
 }
 
 bool ReadDeviceName(DeviceLoad& load) {
-    char name[VMC_NAME_SIZE] = {};
-    if (CallDevice(load.deviceNo, &DeviceModule::DEV_GetDeviceName, load.error, 0u, name)) {
-        name[VMC_NAME_SIZE - 1] = '\0';
-        std::memcpy(load.record.deviceName, name, sizeof name);
-        return true;
-    }
-    if (*load.error == VMC_ERR_MODULE_FATAL) return false;
-    std::memset(load.record.deviceName, 0, sizeof load.record.deviceName);
-    std::strcpy(load.record.deviceName, "Unknown Device");
-    return true;
+    // A module that says its failure is fatal stops the open; any other failure gets a stand-in name.
+    return ReadName(load.deviceNo, 0, load.record.deviceName, "Unknown Device", load.error) ||
+           *load.error != VMC_ERR_MODULE_FATAL;
 }
 
 bool ReadLinkSettings(DeviceLoad& load) {
