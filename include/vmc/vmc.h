@@ -649,6 +649,15 @@ VMC_API uint32_t VMC_GetPacketIntervalMode(uint32_t deviceNo, uint32_t index, ui
 VMC_API uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 VMC_API uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index, uint32_t* value, uint32_t* error);
 
+/* ---- Device state: reads, requests, availability, lists, polling ----- */
+
+#include <vmc/cached_reads.h>
+#include <vmc/module_reads.h>
+#include <vmc/requests.h>
+#include <vmc/availability.h>
+#include <vmc/value_lists.h>
+#include <vmc/status.h>
+
 #ifdef __cplusplus
 }
 #endif

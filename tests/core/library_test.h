@@ -115,6 +115,12 @@ protected:
             FAKE_SetAnswer(m, "DEV_GetDeviceCaps", 0, VMC_CODE_CHILD_DEVICE_COUNT, 0,
                            static_cast<uint32_t>(heads.size()), 0, kOk);
         }
+        // What every head must answer: rate, resolution, shutter, maximum frames and resolution.
+        FAKE_SetAnswer(m, "DEV_GetDeviceCaps", FAKE_ANY, VMC_CODE_RECORD_RATE, 0, 1000, 0, kOk);
+        FAKE_SetAnswer(m, "DEV_GetDeviceCaps", FAKE_ANY, VMC_CODE_RESOLUTION, 0, (1024u << 16) | 512u, 0, kOk);
+        FAKE_SetAnswer(m, "DEV_GetDeviceCaps", FAKE_ANY, VMC_CODE_SHUTTER_SPEED_FPS, 0, 2000, 0, kOk);
+        FAKE_SetAnswer(m, "DEV_GetDeviceCaps", FAKE_ANY, VMC_CODE_MAX_FRAMES, 0, 5000, 2, kOk);
+        FAKE_SetAnswer(m, "DEV_GetDeviceCaps", FAKE_ANY, VMC_CODE_MAX_RESOLUTION, 0, (1024u << 16) | 1024u, 0, kOk);
         FAKE_SetList(m, "DEV_GetList", 0, VMC_LIST_EXIST_CHILD_DEVICE, 0, heads.data(),
                      static_cast<uint32_t>(heads.size()), kOk);
         FAKE_SetText(m, "DEV_GetDeviceName", FAKE_ANY, 0, "Head", kOk);
