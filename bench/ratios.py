@@ -11,6 +11,7 @@ REFERENCES = [
     ("BM_TakeDeviceLock", "BM_PlainRecursiveMutex"),
     ("BM_TakeDeviceLock", "BM_ModuleCall"),
     ("BM_TransferMemImage", "BM_Memcpy2MiB"),
+    ("BM_GetRecordRate", "BM_PlainFieldRead"),
     ("BM_RenderMono16", "BM_Memcpy"),
     ("BM_RenderMono8", "BM_Memcpy"),
     ("BM_RenderBayerRaw16", "BM_Memcpy"),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <mutex>
 
 #include <vmc/module.h>
@@ -24,7 +25,8 @@ struct LibraryState {
     uint32_t initialised;
     uint32_t globalLockRequired;  // a device of the global-lock set is open
     uint32_t openDeviceCount;
-    DeviceRecord deviceTable[kDeviceCount];
+    // 8-aligned, so that the 64-bit fields of every record are too and load whole.
+    alignas(8) DeviceRecord deviceTable[kDeviceCount];
     DeviceModule deviceModules[kDeviceCount];
     InterfaceModule interfaceModules[kInterfaceSlots];
     DetectResult detectResults[kInterfaceSlots];
@@ -43,6 +45,10 @@ struct LibraryState {
     // Serialises detection, open and close on the module tables and the device
     // table, so that threads may open and close different devices at once.
     std::recursive_mutex tableMutex;
+    // Last status of each device (core/status_map.h). All devices write it,
+    // each under its own device lock only, so it has a lock of its own.
+    std::map<uint32_t, uint32_t> deviceStatusMap;
+    std::mutex deviceStatusMutex;
 };
 
 extern LibraryState state;

@@ -1,31 +1,366 @@
-// The child half of the state load: one camera head, asked with its child number.
+// The child half of the state load: one camera head, asked with its child
+// number. Code 2 (record rate) is the test of a working head: a head that
+// can't say its rate is not loaded at all.
 #include <cstring>
+#include <vector>
 
 #include <vmc/codes.h>
 
 #include "core/frame.h"
-#include "core/module_calls.h"
+#include "core/locks.h"
 #include "state/load.h"
+#include "state/load_rules.h"
+#include "state/requests.h"
 
 namespace vmc {
 namespace {
+
+using ChildProbe = Probe<ChildRecord>;
+using C = ChildRecord;
 
 struct ChildLoad {
     uint32_t deviceNo;
     uint32_t childNo;
     uint32_t* error;
     ChildRecord& child;
+    DeviceRecord& device;
 };
 
 using Step = bool (*)(ChildLoad&);
+
+bool Tolerated(const ChildLoad& load) { return *load.error == VMC_ERR_NOT_SUPPORTED; }
+
+bool Ask(ChildLoad& load, uint32_t code, uint32_t* value1, uint32_t* value2, Rule rule, bool* answered = nullptr) {
+    return Ask(load.deviceNo, load.childNo, code, 0, value1, value2, rule, load.error, answered);
+}
+
+template <std::size_t N>
+bool Probes(ChildLoad& load, const ChildProbe (&probes)[N]) {
+    return RunProbes(load.deviceNo, load.childNo, load.child, probes, load.error);
+}
+
+bool Probe1(ChildLoad& load, const ChildProbe& probe) {
+    return RunProbe(load.deviceNo, load.childNo, load.child, probe, load.error);
+}
+
+// Runs a request worker of this head under the tolerant rule.
+template <class Worker, class... Outs>
+bool Tolerant(ChildLoad& load, Worker worker, bool* answered, Outs... outs) {
+    const bool ok = worker(load.deviceNo, load.childNo, outs..., load.error) != 0;
+    if (answered) *answered = ok;
+    return ok || Tolerated(load);
+}
+
+bool ReadIdentity(ChildLoad& load) {
+    uint32_t colorType = 0;
+    if (!Tolerant(load, RefreshColorType, nullptr, &colorType)) return false;
+    static constexpr ChildProbe kIdentity[] = {
+        {VMC_CODE_PRODUCT_ID, &C::productId},
+        {VMC_CODE_LOT_ID, &C::lotId},
+        {VMC_CODE_INDIVIDUAL_ID, &C::individualId},
+        {VMC_CODE_VERSION, &C::version},
+    };
+    return Probes(load, kIdentity);
+}
+
+bool ReadVariableChannel(ChildLoad& load) {
+    if (!load.device.variableFunction) return true;
+    uint32_t channel = 0;
+    if (!RefreshVariableChannel(load.deviceNo, load.childNo, &channel, load.error)) {
+        // Kept as the cameras' drivers expect it: a failure here gives back
+        // the device lock once, although the load does not hold it, and goes on.
+        ReleaseDeviceLock(load.deviceNo);
+    }
+    return true;
+}
+
+bool ReadRecordRate(ChildLoad& load) {
+    uint32_t rate = 0;
+    return RefreshRecordRate(load.deviceNo, load.childNo, &rate, load.error);
+}
+
+bool ReadResolution(ChildLoad& load) {
+    uint32_t width = 0, height = 0;
+    return RefreshMaxResolution(load.deviceNo, load.childNo, &width, &height, load.error) &&
+           RefreshResolution(load.deviceNo, load.childNo, &width, &height, load.error);
+}
+
+bool ReadRoiAndExposure(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    uint32_t width = 0, height = 0, x = 0, y = 0;
+    bool answered = false;
+    if (!Tolerant(load, RefreshResolutionROI, &answered, &width, &height)) return false;
+    child.hasResolutionROI = answered;
+    if (!Tolerant(load, RefreshSegmentPosition, nullptr, &x, &y)) return false;
+    if (!Probe1(load, {VMC_CODE_AUTO_EXPOSURE, &C::autoExposure, nullptr, &C::hasAutoExposure})) return false;
+    // The device-wide flag follows the head loaded last.
+    load.device.hasAutoExposureCode294 = 0;
+    if (child.hasAutoExposure) {
+        uint32_t value = 0;
+        bool answered294 = false;
+        Ask(load, VMC_CODE_AUTO_EXPOSURE_PROBE_294, &value, nullptr, Rule::Ignored, &answered294);
+        load.device.hasAutoExposureCode294 = answered294 && value != 0;
+    }
+    return true;
+}
+
+bool ReadShutterAndSensor(ChildLoad& load) {
+    if (!Probe1(load, {VMC_CODE_IMAGE_TRIGGER, &C::imageTrigger, nullptr, &C::hasImageTrigger})) return false;
+    if (!Ask(load, VMC_CODE_SHUTTER_SPEED_FPS, &load.child.shutterFps, nullptr, Rule::Fatal)) return false;
+    static constexpr ChildProbe kProbes[] = {
+        {VMC_CODE_SHUTTER_SPEED_USEC, &C::shutterUsec, nullptr, &C::hasShutterUsec},
+        {VMC_CODE_SHUTTER_SPEED_NSEC, &C::shutterNsec, nullptr, &C::hasShutterNsec},
+        {VMC_CODE_SENSOR_GAIN_MODE, &C::sensorGainMode, nullptr, &C::hasSensorGain},
+        {VMC_CODE_SENSOR_GAMMA_MODE, &C::sensorGammaMode, nullptr, &C::hasSensorGamma},
+    };
+    return Probes(load, kProbes);
+}
+
+// Colour temperature counts only when the base and all four settings answer.
+bool ReadColorTemperature(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    if (!Probe1(load, {VMC_CODE_COLOR_TEMP_BASE, &C::colorTempBase1, &C::colorTempBase2, &C::hasColorTemp}))
+        return false;
+    if (child.hasColorTemp) {
+        uint32_t mode = 0, value1 = 0, value2 = 0, value3 = 0;
+        child.hasColorTemp = RefreshColorTempMode(load.deviceNo, load.childNo, &mode, &value1, &value2, &value3,
+                                                  load.error) != 0;
+    }
+    uint32_t mode = 0, value1 = 0, value2 = 0, value3 = 0;
+    bool answered = false;
+    if (!Tolerant(load, RefreshSoftColorTempMode, &answered, &mode, &value1, &value2, &value3)) return false;
+    child.hasSoftColorTemp = answered;
+    return true;
+}
+
+bool ReadLutAndShutterModes(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    if (!Probe1(load, {VMC_CODE_LUT_MODE, &C::lutMode, nullptr, &C::hasLUT}) ||
+        !Probe1(load, {VMC_CODE_DS_SHUTTER_MODE, &C::dsShutterMode, nullptr, &C::hasDSShutter}))
+        return false;
+    if (child.hasDSShutter) {
+        bool answered = false;
+        // A refusal of the value clears the feature; any other failure ends
+        // the load and leaves the flag set, as the cameras' drivers expect.
+        if (!Ask(load, VMC_CODE_DS_SHUTTER_VALUE, &child.dsShutterValue, nullptr, Rule::Tolerant, &answered))
+            return false;
+        if (!answered) {
+            child.dsShutterValue = 0;
+            child.hasDSShutter = 0;
+        }
+    }
+    return true;
+}
+
+bool ReadShadingAndPixelGain(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    if (!Probe1(load, {VMC_CODE_SHADING_MODE, &C::shadingMode, nullptr, &C::hasShading}) ||
+        !Probe1(load, {VMC_CODE_STEP_SHUTTER, nullptr, nullptr, &C::hasStepShutter}))
+        return false;
+    bool answered = false;
+    Ask(load, VMC_CODE_PIXEL_GAIN_MODE, &child.pixelGainMode, nullptr, Rule::Ignored, &answered);
+    child.hasPixelGain = answered;
+    if (!answered) child.pixelGainMode = 0;
+    if (child.hasPixelGain && !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_SIZE, &child.pixelGainDataSize, nullptr, Rule::Tolerant))
+        return false;
+    if (load.device.hasPixelGainMagnification &&
+        !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_MODE3_SIZE, &child.pixelGainDataMode3Size, nullptr, Rule::Tolerant))
+        return false;
+    return true;
+}
+
+bool ReadImageModes(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    static constexpr ChildProbe kProbes[] = {
+        {VMC_CODE_EDGE_ENHANCE_MODE, &C::edgeEnhanceMode, nullptr, &C::hasEdgeEnhance},
+        {VMC_CODE_GHOST_REDUCTION, &C::ghostReduction, nullptr, &C::hasGhostReduction},
+        {VMC_CODE_MAX_BIT_DEPTH, &C::maxBitDepth},
+        {VMC_CODE_BIT_DEPTH, &C::bitDepth, nullptr, &C::hasBitDepth},
+    };
+    if (!Probes(load, kProbes)) return false;
+    uint32_t depth = 0, depth2 = 0;
+    const bool answered = GetCaps(load.deviceNo, load.childNo, VMC_CODE_BIT_DEPTH_2, 0, &depth, &depth2, load.error);
+    // A module may leave its success code in the word of a refusal.
+    if (!answered && !Tolerated(load) && *load.error != VMC_ERR_OK) return false;
+    child.hasBitDepth2 = answered;
+    if (answered) {
+        child.bitDepth = depth;
+        child.bitDepth2 = depth2;
+    }
+    return Probe1(load, {VMC_CODE_MAX_FULL_RESO_RATE, &C::maxFullResoRate});
+}
+
+bool ReadColorEnhance(ChildLoad& load) {
+    if (!Probe1(load, {VMC_CODE_COLOR_ENHANCE_MODE, &C::colorEnhanceMode, nullptr, &C::hasColorEnhance})) return false;
+    if (!load.child.hasColorEnhance) return true;
+    for (uint32_t plane = 1; plane <= 3; ++plane) {
+        int32_t triple[3] = {};
+        if (!RefreshColorEnhanceValue(load.deviceNo, load.childNo, plane, triple, load.error) && !Tolerated(load))
+            return false;
+    }
+    return true;
+}
+
+bool ReadSensorModes(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    static constexpr ChildProbe kModes[] = {
+        {VMC_CODE_CAM_MODE, &C::camMode},
+        {VMC_CODE_SENSOR_TEMP_MODE, &C::sensorTempMode, nullptr, &C::hasSensorTempMode},
+        {VMC_CODE_FPGA_TEMP_MODE, &C::fpgaTempMode, nullptr, &C::hasFPGATempMode},
+        {VMC_CODE_SHADING_OFFSET_MODE, &C::shadingOffsetMode, nullptr, &C::hasShadingOffset},
+    };
+    static constexpr ChildProbe kOffset[] = {
+        {VMC_CODE_SHADING_OFFSET_VALUE, &C::shadingOffsetValue},
+        {VMC_CODE_SHADING_OFFSET_LIMIT, &C::shadingOffsetLimit1, &C::shadingOffsetLimit2},
+    };
+    static constexpr ChildProbe kCorrections[] = {
+        {VMC_CODE_LIVE_RESOLUTION_SCALE_MODE, nullptr, nullptr, &C::hasLiveResolutionScale},
+        {VMC_CODE_OFFSET_AS, &C::offsetAS, nullptr, &C::hasOffsetAS},
+        {VMC_CODE_H_BANDING, &C::hBanding, nullptr, &C::hasHBanding},
+    };
+    return Probes(load, kModes) && (!child.hasShadingOffset || Probes(load, kOffset)) && Probes(load, kCorrections);
+}
+
+// A polarising head starts with pixel-defect correction off: the defect map
+// of a plain sensor would damage its pixel pattern.
+bool ReadPolarization(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_POLARIZATION, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    child.polarization = answered ? static_cast<uint8_t>(value) : 0;
+    if (!answered || value == 0) return true;
+    uint32_t config = 0;
+    RefreshPolarizerConfig(load.deviceNo, load.childNo, &config, load.error);
+    if (child.polarization == 1 &&
+        SetCaps(load.deviceNo, load.childNo, VMC_CODE_PIXEL_DEFECT_MODE, 0, 0, 0, load.error))
+        child.pixelDefectMode = 0;
+    return true;
+}
+
+bool ReadCorrectionsAndLens(ChildLoad& load) {
+    static constexpr ChildProbe kProbes[] = {
+        {VMC_CODE_SHADING_TYPE, &C::shadingType, nullptr, &C::hasShadingType},
+        {VMC_CODE_BLACK_CLIP_LEVEL, &C::blackClipLevel, nullptr, &C::hasBlackClipLevel},
+    };
+    if (!Probes(load, kProbes)) return false;
+    // The device-wide flag follows the head loaded last.
+    bool answered = false;
+    uint32_t value = 0;
+    if (!Ask(load, VMC_CODE_HEAD_LED_LASER, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    load.device.hasHeadLedLaser = answered;
+    return Probe1(load, {VMC_CODE_LENS_CONTROL, &C::lensControl, nullptr, &C::hasLensControl});
+}
 
 bool ReadChildName(ChildLoad& load) {
     ReadName(load.deviceNo, load.childNo, load.child.childName, "Unknown Child Device", load.error);
     return true;
 }
 
+bool ReadPartitions(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    if (!Probe1(load, {VMC_CODE_MAX_PARTITION, &C::maxPartition, &C::maxPartitionBlocks})) return false;
+    load.device.hasPartition = child.maxPartitionBlocks != 0;
+    uint32_t current = 0;
+    if (!Probe1(load, {VMC_CODE_PARTITION_COUNT, &C::partitionCount}) ||
+        !Tolerant(load, RefreshCurrentPartition, nullptr, &current) ||
+        !Probe1(load, {VMC_CODE_MEMORY_MODE_PARTITION, &C::memoryModePartition, nullptr, &C::hasMemoryModePartition}))
+        return false;
+    return Ask(load, VMC_CODE_MAX_FRAMES, &child.maxFrames, &child.maxFrameBlocks, Rule::Fatal);
+}
+
+// Whether the head keeps event and trigger frame lists: anything but a refusal says yes.
+bool ReadFrameLists(ChildLoad& load) {
+    std::vector<uint32_t> scratch(VMC_MAX_LIST_ENTRIES);  // contents unused; only a refusal matters
+    uint32_t count = 0;
+    GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_EVENT_FRAME, 0, scratch.data(), &count, load.error);
+    load.device.hasMemEventFrame = !Tolerated(load);
+    GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_TRIGGER_FRAME, 0, scratch.data(), &count, load.error);
+    load.device.hasMemTriggerFrameList = !Tolerated(load);
+    return true;
+}
+
+bool ReadLiveAndDefects(ChildLoad& load) {
+    static constexpr ChildProbe kProbes[] = {
+        {VMC_CODE_LIVE_RESOLUTION_MODE, &C::liveResolutionMode, nullptr, &C::hasLiveResolution},
+        {VMC_CODE_CAMERA_COMMAND_BAUD_RATE, &C::cameraCommandBaudRate, nullptr, &C::hasCameraCommandBaudRate},
+        {VMC_CODE_TEST_PATTERN, nullptr, nullptr, &C::hasTestPattern},
+        {VMC_CODE_MAX_PIXEL_DEFECT_COUNT, &C::maxPixelDefectCount},
+        {VMC_CODE_PIXEL_DEFECT_MODE, &C::pixelDefectMode},
+    };
+    return Probes(load, kProbes);
+}
+
+bool ReadTemperatures(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
+    uint32_t count = 0;
+    const bool listed = GetList(load.deviceNo, load.childNo, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error);
+    if (!listed && !Tolerated(load)) return false;
+    child.hasTemperature = listed && count != 0;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    child.hasMemTemperature = answered && value != 0;
+    uint8_t flag = 0;
+    answered = VMC_GetWarningTemperature(load.deviceNo, load.childNo, &flag, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    child.hasWarningTemperature = answered;
+    uint32_t cut = 0;
+    answered = VMC_GetWarningCableCutting(load.deviceNo, load.childNo, &cut, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    child.hasWarningCableCutting = answered;
+    return true;
+}
+
+bool ReadAccelerationData(ChildLoad& load, uint8_t& flag) {
+    const bool answered = GetData(load.deviceNo, load.childNo, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    flag = answered;
+    return true;
+}
+
+bool ReadExtras(ChildLoad& load) {
+    ChildRecord& child = load.child;
+    if (!ReadAccelerationData(load, child.hasMemAccelerationData)) return false;
+    RefreshSerialNumber(load.deviceNo, load.childNo, load.error);  // a head without one keeps all ones
+    if (!ReadAccelerationData(load, child.hasMemAccelerationData)) return false;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_PROBE_401, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    child.code401Value = answered ? static_cast<uint8_t>(value) : 0;
+    if (!Ask(load, VMC_CODE_SAVE_SLOT_NO, &child.saveSlotNo, nullptr, Rule::Tolerant)) return false;
+    const bool irig = GetData(load.deviceNo, load.childNo, VMC_DATA_LIVE_IMAGE_IRIG, 0, 0, nullptr, load.error);
+    if (!irig && !Tolerated(load)) return false;
+    child.hasLiveImageIRIG = irig;
+    if (!Ask(load.deviceNo, load.childNo, VMC_CODE_FEATURE, 162, &value, nullptr, Rule::Tolerant, load.error,
+             &answered))
+        return false;
+    child.hasFeature162 = answered && value == 1;
+    return true;
+}
+
 constexpr Step kSteps[] = {
+    ReadIdentity,
+    ReadVariableChannel,
+    ReadRecordRate,
+    ReadResolution,
+    ReadRoiAndExposure,
+    ReadShutterAndSensor,
+    ReadColorTemperature,
+    ReadLutAndShutterModes,
+    ReadShadingAndPixelGain,
+    ReadImageModes,
+    ReadColorEnhance,
+    ReadSensorModes,
+    ReadPolarization,
+    ReadCorrectionsAndLens,
     ReadChildName,
+    ReadPartitions,
+    ReadFrameLists,
+    ReadLiveAndDefects,
+    ReadTemperatures,
+    ReadExtras,
 };
 
 }  // namespace
@@ -43,7 +378,7 @@ uint32_t ReadName(uint32_t deviceNo, uint32_t child, char* field, const char* fa
 }
 
 uint32_t LoadChildState(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
-    ChildLoad load = {deviceNo, childNo, error, *Child(deviceNo, childNo)};
+    ChildLoad load = {deviceNo, childNo, error, *Child(deviceNo, childNo), Record(deviceNo)};
     for (Step step : kSteps)
         if (!step(load)) return 0;
     *error = VMC_ERR_OK;

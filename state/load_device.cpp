@@ -1,10 +1,6 @@
 // The device half of the state load, as an ordered list of steps. The order
 // is the order of the calls and modules rely on it: later steps read fields
-// that earlier ones filled.
-//
-// Failure rules of a step: tolerant (error 21 clears flag and field and the
-// load goes on, any other error ends it), fatal (any failure ends it),
-// ignored (the result does not matter).
+// that earlier ones filled, and children are loaded before the trigger mode.
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -13,12 +9,15 @@
 
 #include "core/communication_store.h"
 #include "core/frame.h"
-#include "core/module_calls.h"
 #include "state/load.h"
+#include "state/load_rules.h"
 #include "state/requests.h"
 
 namespace vmc {
 namespace {
+
+using DeviceProbe = Probe<DeviceRecord>;
+using R = DeviceRecord;
 
 struct DeviceLoad {
     uint32_t deviceNo;
@@ -26,6 +25,7 @@ struct DeviceLoad {
     uint32_t* error;
     DeviceRecord& record;
     uint32_t children[kDeviceCount];  // the existing-children list as the module wrote it
+    uint32_t lastChild;               // number of the child created last, 0 before any
 };
 
 // A step returns false to end the load with result 0.
@@ -33,14 +33,18 @@ using Step = bool (*)(DeviceLoad&);
 
 bool Tolerated(const DeviceLoad& load) { return *load.error == VMC_ERR_NOT_SUPPORTED; }
 
-// Tolerant query of one code into a field, with its availability flag.
-bool QueryTolerant(DeviceLoad& load, uint32_t code, uint32_t* field, uint8_t* flag) {
-    uint32_t value = 0;
-    const bool answered = GetCaps(load.deviceNo, 0, code, 0, &value, nullptr, load.error);
-    if (!answered && !Tolerated(load)) return false;
-    *field = answered ? value : 0;
-    if (flag) *flag = answered;
-    return true;
+bool Ask(DeviceLoad& load, uint32_t code, uint32_t sub, uint32_t* value1, uint32_t* value2, Rule rule,
+         bool* answered = nullptr) {
+    return Ask(load.deviceNo, 0, code, sub, value1, value2, rule, load.error, answered);
+}
+
+template <std::size_t N>
+bool Probes(DeviceLoad& load, const DeviceProbe (&probes)[N]) {
+    return RunProbes(load.deviceNo, 0, load.record, probes, load.error);
+}
+
+bool Probe1(DeviceLoad& load, const DeviceProbe& probe) {
+    return RunProbe(load.deviceNo, 0, load.record, probe, load.error);
 }
 
 // The module shares the library's locks: it may block on the same lock as
@@ -70,21 +74,252 @@ bool ReadDeviceId(DeviceLoad& load) {
     return RefreshDeviceId(load.deviceNo, &value, load.error);
 }
 
-// Product, lot, individual id and firmware version of the device.
 bool ReadIdentity(DeviceLoad& load) {
-    DeviceRecord& record = load.record;
-    return QueryTolerant(load, VMC_CODE_PRODUCT_ID, &record.productId, nullptr) &&
-           QueryTolerant(load, VMC_CODE_LOT_ID, &record.lotId, nullptr) &&
-           QueryTolerant(load, VMC_CODE_INDIVIDUAL_ID, &record.individualId, nullptr) &&
-           QueryTolerant(load, VMC_CODE_VERSION, &record.version, nullptr);
+    static constexpr DeviceProbe kIdentity[] = {
+        {VMC_CODE_PRODUCT_ID, &R::productId},
+        {VMC_CODE_LOT_ID, &R::lotId},
+        {VMC_CODE_INDIVIDUAL_ID, &R::individualId},
+        {VMC_CODE_VERSION, &R::version},
+    };
+    return Probes(load, kIdentity);
 }
 
-bool ReadInstructionSet(DeviceLoad& load) {
+// Direct recording to a storage pack: any failure only means the camera has none.
+bool ReadDirectRecordRapidPack(DeviceLoad& load) {
     uint32_t value = 0;
-    const bool answered = RefreshInstructionSet(load.deviceNo, &value, load.error);
-    if (!answered && !Tolerated(load)) return false;
-    load.record.hasInstructionSet = answered;
+    bool answered = false;
+    Ask(load, VMC_CODE_DIRECT_RECORD_RAPID_PACK, 0, &value, nullptr, Rule::Ignored, &answered);
+    load.record.directRecordRapidPack = answered ? value : 0;
+    load.record.hasDirectRecordRapidPack = answered;
     return true;
+}
+
+bool ReadExternalCount(DeviceLoad& load) {
+    return Probe1(load, {VMC_CODE_EXTERNAL_COUNT, &R::externalInCount, &R::externalOutCount});
+}
+
+bool ReadShutterDisplayMode(DeviceLoad& load) {
+    uint32_t value = 0;
+    bool answered = false;
+    Ask(load, VMC_CODE_SHUTTER_DISP_MODE, 0, &value, nullptr, Rule::Ignored, &answered);
+    load.record.shutterDispMode = answered ? value : 0;
+    return true;
+}
+
+// Modes of ports 1..count. A port the camera refuses with 21 means it has
+// no usable ports of that kind; the record holds at most four.
+bool ReadPortModes(DeviceLoad& load, uint32_t code, uint32_t& count, uint32_t (&modes)[4]) {
+    for (uint32_t port = 1; port <= count; ++port) {
+        if (port > 4) {
+            *load.error = VMC_ERR_BAD_ARGUMENT;
+            return false;
+        }
+        bool answered = false;
+        if (!Ask(load, code, port, &modes[port - 1], nullptr, Rule::Tolerant, &answered)) return false;
+        if (!answered) {
+            count = 0;
+            return true;
+        }
+    }
+    return true;
+}
+
+bool ReadExternalPorts(DeviceLoad& load) {
+    return ReadPortModes(load, VMC_CODE_EXTERNAL_IN_MODE, load.record.externalInCount, load.record.externalInMode) &&
+           ReadPortModes(load, VMC_CODE_EXTERNAL_OUT_MODE, load.record.externalOutCount, load.record.externalOutMode);
+}
+
+bool ReadSignalAndLockModes(DeviceLoad& load) {
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_SYNC_OUT_TIMES, &R::syncOutTimes, nullptr, &R::hasSyncOutTimes},
+        {VMC_CODE_EXPOSE_OUT_TIMES_1, &R::exposeOutTimes1, nullptr, &R::hasExposeOutTimes1},
+        {VMC_CODE_EXPOSE_OUT_TIMES_2, &R::exposeOutTimes2, nullptr, &R::hasExposeOutTimes2},
+        {VMC_CODE_SHUTTER_LOCK_MODE, &R::shutterLockMode, nullptr, &R::hasShutterLockMode},
+        {VMC_CODE_RESOLUTION_LOCK_MODE, &R::resolutionLockMode, nullptr, &R::hasResolutionLockMode},
+        {VMC_CODE_PARTITION_INC_MODE, &R::partitionIncMode, nullptr, &R::hasPartitionIncMode},
+    };
+    return Probes(load, kProbes);
+}
+
+// Whether the camera offers partition increment mode 1, from the same list a caller sees.
+bool ReadPartitionIncModes(DeviceLoad& load) {
+    uint32_t count = 0, scratch = 0;
+    uint32_t modes[VMC_MAX_LIST_ENTRIES] = {};
+    if (VMC_GetPartitionIncModeList(load.deviceNo, &count, modes, &scratch))
+        for (uint32_t i = 0; i < count && i < VMC_MAX_LIST_ENTRIES; ++i)
+            if (modes[i] == 1) load.record.hasPartitionIncMode1 = 1;
+    return true;
+}
+
+bool ReadPanelAndVideo(DeviceLoad& load) {
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_KEY_PAD_LOCK, &R::keyPadLock, nullptr, &R::hasKeyPadLock},
+        {VMC_CODE_VIDEO_OUT_MODE, &R::videoOutMode, nullptr, &R::hasVideoOutMode},
+        {VMC_CODE_VIDEO_OUT_SIGNAL, &R::videoOutSignal, nullptr, &R::hasVideoOutSignal},
+        {VMC_CODE_VIDEO_OUT_SIGNAL_ENABLE, &R::videoOutSignalEnable, nullptr, &R::hasVideoOutSignalEnable},
+        {VMC_CODE_VIDEO_OUT_HDSDI, &R::videoOutHDSDI, nullptr, &R::hasVideoOutHDSDI},
+        {VMC_CODE_IRIG_MODE, &R::irigMode, nullptr, &R::hasIRIG},
+    };
+    return Probes(load, kProbes);
+}
+
+bool ReadIrigDetails(DeviceLoad& load) {
+    if (!load.record.hasIRIG) return true;
+    return Probe1(load, {VMC_CODE_IRIG_OFFSET, &R::irigOffset}) &&
+           Probe1(load, {VMC_CODE_IRIG_SAMPLE_MODE, &R::irigSampleMode, nullptr, &R::hasIRIGSampleMode});
+}
+
+bool ReadTimecodeAndAdc(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!Probe1(load, {VMC_CODE_MCDL_MODE, &R::mcdlMode, nullptr, &R::hasMCDL}) ||
+        !Probe1(load, {VMC_CODE_ADC_MODE, &R::adcMode, nullptr, &R::hasADC}))
+        return false;
+    if (record.hasADC && !Probe1(load, {VMC_CODE_ADC_RANGE, &R::adcRange})) return false;
+    if (!Probe1(load, {VMC_CODE_IRIG_PHASE_LOCK, &R::irigPhaseLock, nullptr, &R::hasIRIGPhaseLock})) return false;
+    return !record.hasIRIGPhaseLock || Probe1(load, {VMC_CODE_IRIG_PHASE_LOCK_STATUS, &R::irigPhaseLockStatus});
+}
+
+bool ReadFrameZeroAndStoreNum(DeviceLoad& load) {
+    uint32_t value = 0;
+    RefreshFrameZero(load.deviceNo, &value, load.error);  // answers itself for a camera without the code
+    value = 0;
+    return RefreshStoreNum(load.deviceNo, &value, load.error) || Tolerated(load);
+}
+
+// Delay types in the order of the record's delay arrays.
+constexpr uint32_t kDelayTypes[] = {1, 12, 2, 3, 4, 5, 6, 7};
+
+bool ReadDelayLimits(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    for (uint32_t i = 0; i < std::size(kDelayTypes); ++i) {
+        bool answered = false;
+        if (!Ask(load, VMC_CODE_DELAY_LIMIT, kDelayTypes[i], &record.delayLimit[i], nullptr, Rule::Delay, &answered))
+            return false;
+        if (answered) record.hasDelay = 1;
+    }
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_DELAY_LIMIT, 8, &record.delayLimit[8], nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType8 = answered;
+    if (!Ask(load, VMC_CODE_DELAY_LIMIT, 9, &record.delayLimit[9], nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType9 = answered;
+    // Types 10 and 11 share one flag: the later answer decides.
+    if (!Ask(load, VMC_CODE_DELAY_LIMIT, 10, &record.delayLimit10, nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType10 = answered;
+    if (!Ask(load, VMC_CODE_DELAY_LIMIT, 11, &record.delayLimit11, nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType10 = answered;
+    return true;
+}
+
+bool ReadDelayValues(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!record.hasDelay) return true;
+    for (uint32_t i = 0; i < std::size(kDelayTypes); ++i)
+        if (!Ask(load, VMC_CODE_DELAY, kDelayTypes[i], &record.delayValue[i], nullptr, Rule::Delay)) return false;
+    if (record.hasDelayType8 && !Ask(load, VMC_CODE_DELAY, 8, &record.delayValue[8], nullptr, Rule::Delay)) return false;
+    if (record.hasDelayType9 && !Ask(load, VMC_CODE_DELAY, 9, &record.delayValue[9], nullptr, Rule::Delay)) return false;
+    // A value of type 10 comes with the limit of type 11, and the other way
+    // round: the cameras pair them so.
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_DELAY, 10, &value, nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType10 = answered;
+    if (answered) {
+        record.delayValue10 = value;
+        if (!Ask(load, VMC_CODE_DELAY_LIMIT_10_11, 11, &record.delayLimit11, &record.delayLimit11Low, Rule::Delay))
+            return false;
+    }
+    if (!Ask(load, VMC_CODE_DELAY, 11, &value, nullptr, Rule::Delay, &answered)) return false;
+    record.hasDelayType10 = answered;
+    if (answered) {
+        record.delayValue11 = value;
+        if (!Ask(load, VMC_CODE_DELAY_LIMIT_10_11, 10, &record.delayLimit10, nullptr, Rule::Delay)) return false;
+    }
+    return true;
+}
+
+// A query through an exported read: the flag is whether it answered.
+bool ProbeExport(DeviceLoad& load, uint32_t (*read)(uint32_t, uint32_t*, uint32_t*), uint8_t& flag) {
+    uint32_t value = 0;
+    const bool answered = read(load.deviceNo, &value, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    flag = answered;
+    return true;
+}
+
+bool ReadModes(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!Probe1(load, {VMC_CODE_RANDOM_TRIGGER_ENABLE, nullptr, nullptr, &R::hasRandomTriggerEnable}) ||
+        !Probe1(load, {VMC_CODE_DOWNLOAD_MODE, &R::downloadMode, nullptr, &R::hasDownloadMode}))
+        return false;
+    uint32_t value = 0;
+    RefreshVariableFunction(load.deviceNo, &value, load.error);  // answers itself for a camera without the code
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_MODE_329, &R::mode329, nullptr, &R::hasMode329},
+        {VMC_CODE_LOW_LIGHT_MODE, &R::lowLightMode, nullptr, &R::hasLowLightMode},
+    };
+    if (!Probes(load, kProbes)) return false;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_PROG_SWITCH_MODE, 1, &record.progSwitchMode[0], nullptr, Rule::Tolerant, &answered))
+        return false;
+    record.hasProgSwitchMode = answered;
+    if (!answered) record.progSwitchMode[0] = 0;
+    return Probe1(load, {VMC_CODE_HIGH_SPEED_MODE, &R::highSpeedMode, nullptr, &R::hasHighSpeedMode}) &&
+           ProbeExport(load, VMC_GetBurstTransfer, record.hasBurstTransfer) &&
+           ProbeExport(load, VMC_GetReadAheadTransfer, record.hasReadAheadTransfer) &&
+           ProbeExport(load, VMC_GetHeadExchange, record.hasHeadExchange) &&
+           Probe1(load, {VMC_CODE_ETHERNET_INFO, nullptr, nullptr, &R::hasEthernetInfo});
+}
+
+bool ReadProgSwitches(DeviceLoad& load) {
+    if (!load.record.hasProgSwitchMode) return true;
+    for (uint32_t sw = 2; sw <= 4; ++sw)
+        if (!Ask(load, VMC_CODE_PROG_SWITCH_MODE, sw, &load.record.progSwitchMode[sw - 1], nullptr, Rule::Delay))
+            return false;
+    return true;
+}
+
+// Functions a module offers by having the entry at all.
+bool ReadEntryFlags(DeviceLoad& load) {
+    const DeviceModule& module = state.deviceModules[load.record.moduleIndex];
+    load.record.hasFPGAConfig = module.DEV_FPGAConfig != nullptr;
+    load.record.hasCameraFile = module.DEV_ReadCameraFile != nullptr;
+    load.record.hasImageAddress = module.DEV_GetMemImageAddress &&
+                                  (module.DEV_GetLiveImageAddress || module.DEV_GetLiveImageAddress2);
+    return true;
+}
+
+bool ReadOperationFeatures(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    static constexpr DeviceProbe kFirst[] = {
+        {VMC_CODE_SYNC_PRIORITY, &R::syncPriority, nullptr, &R::hasSyncPriority},
+        {VMC_CODE_RECORDING_TYPE, &R::recordingType, nullptr, &R::hasRecordingType},
+        {VMC_CODE_MCDL_DATA_MODE, &R::mcdlDataMode, nullptr, &R::hasMCDLDataMode},
+    };
+    static constexpr DeviceProbe kPresets[] = {
+        {VMC_CODE_STORE_PRESET, &R::storePreset, nullptr, &R::hasStorePreset},
+        {VMC_CODE_STORE_PRESET_REBOOT, &R::storePresetReboot},
+        {VMC_CODE_INSTRUCTION_SET, &R::instructionSet, nullptr, &R::hasInstructionSet},
+        {VMC_CODE_LED_MODE, &R::ledMode, nullptr, &R::hasLEDMode},
+        {VMC_CODE_FIX_FRAME_RECORD_MODE, nullptr, nullptr, &R::hasFixFrameRecordMode},
+        {VMC_CODE_BATTERY_POWER_MODE, &R::batteryPowerMode, nullptr, &R::hasBatteryPowerMode},
+        {VMC_CODE_BINNING_SENSOR_MODE, &R::binningSensorMode, nullptr, &R::hasBinningSensorMode},
+        {VMC_CODE_SYNC_IN_SIGNAL_STATUS, nullptr, nullptr, &R::hasSyncInSignalStatus},
+        {VMC_CODE_VFPN_DATA, nullptr, nullptr, &R::hasVFPNData},
+        {VMC_CODE_SENSOR_LUT_DATA, nullptr, nullptr, &R::hasSensorLUTData},
+        {VMC_CODE_EXPOSE_TIME_DATA, nullptr, nullptr, &R::hasExposeTimeData},
+    };
+    static constexpr DeviceProbe kLast[] = {
+        {VMC_CODE_VIDEO_OSD, &R::videoOSD, nullptr, &R::hasVideoOSD},
+        {VMC_CODE_KEY_PAD_COMMAND, nullptr, nullptr, &R::hasKeyPadCommand, true},
+        {VMC_CODE_MEMORY_BLOCK, &R::memoryBlock, nullptr, &R::hasMemoryBlock},
+    };
+    if (!Probes(load, kFirst) || !ProbeExport(load, VMC_GetAutoPlay, record.hasAutoPlay) ||
+        !ProbeExport(load, VMC_GetFactoryDefaults, record.hasFactoryDefaults) || !Probes(load, kPresets))
+        return false;
+    uint32_t value = 0;
+    const bool answered = RefreshLiveIRIG(load.deviceNo, &value, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    return Probes(load, kLast);
 }
 
 // Both counts default to 1 when the camera can't say.
@@ -110,6 +345,107 @@ bool ReadExistingChildren(DeviceLoad& load) {
            Tolerated(load);
 }
 
+// Written only when the camera answers: the zeroed record is the default.
+bool ReadSeriesAndIndexing(DeviceLoad& load) {
+    struct Kept {
+        uint32_t code;
+        uint32_t R::*field;
+    };
+    static constexpr Kept kKept[] = {
+        {VMC_CODE_DEVICE_SERIES, &R::deviceSeries},
+        {VMC_CODE_PROG_SWITCH_COUNT, &R::progSwitchCount},
+        {VMC_CODE_RECORDING_SYNC_OUT_MODE, &R::recordingSyncOutMode},
+        {VMC_CODE_FRAME_INDEX_MODE, &R::frameIndexMode},
+    };
+    for (const Kept& kept : kKept) {
+        uint32_t value = 0;
+        bool answered = false;
+        if (!Ask(load, kept.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+        if (answered) load.record.*kept.field = value;
+    }
+    static constexpr DeviceProbe kRanges[] = {
+        {VMC_CODE_SHUTDOWN_BATTERY_RANGE, &R::shutdownBatteryRange1, &R::shutdownBatteryRange2},
+        {VMC_CODE_MEDIA_SAVE_BATTERY_RANGE, &R::mediaSaveBatteryRange1, &R::mediaSaveBatteryRange2},
+    };
+    return Probes(load, kRanges);
+}
+
+bool ReadDropFrames(DeviceLoad& load) {
+    const DeviceModule& module = state.deviceModules[load.record.moduleIndex];
+    load.record.hasFrameAddress = module.DEV_GetFrameAddress != nullptr;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_NUM_OF_DROP_FRAME, 0, &load.record.numOfDropFrame, nullptr, Rule::Tolerant, &answered))
+        return false;
+    if (answered) load.record.hasDropFrameList = module.DEV_GetDropFrameList != nullptr;
+    else load.record.numOfDropFrame = 0;
+    return true;
+}
+
+// The storage behind code 204 depends on the storage mode: 0 a memory card, 1 a storage box.
+bool ReadStorageControl(DeviceLoad& load, uint32_t wantedMode, uint32_t& field, uint8_t& flag) {
+    uint32_t mode = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_STORAGE_MODE, 0, &mode, nullptr, Rule::Tolerant, &answered)) return false;
+    flag = 0;
+    field = 0;
+    if (!answered || mode != wantedMode) return true;
+    if (!Ask(load, VMC_CODE_SD_CARD_CTRL, 0, &field, nullptr, Rule::Tolerant, &answered)) return false;
+    flag = answered;
+    if (!answered) field = 0;
+    return true;
+}
+
+bool ReadLinkAndHardware(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!RefreshSubPort(load.deviceNo, &value, load.error) && !Tolerated(load)) return false;
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_SUB_INTERFACE_MODE, &R::subInterfaceMode, nullptr, &R::hasSubInterfaceMode},
+        {VMC_CODE_EXPOSE_EXTENSION, &R::exposeExtension, nullptr, &R::hasExposeExtension},
+        {VMC_CODE_RTC, nullptr, nullptr, &R::hasRTC},
+    };
+    if (!Probes(load, kProbes)) return false;
+    // Any failure only means the camera has no transfer-mode choice.
+    Ask(load, VMC_CODE_G_ETHER_TRANSFER_MODE, 0, &record.gEtherTransferMode, nullptr, Rule::Ignored, &answered);
+    record.hasGEtherTransferMode = answered;
+    if (!answered) record.gEtherTransferMode = 0;
+    static constexpr DeviceProbe kMore[] = {
+        {VMC_CODE_MECHA_SHUTTER_MODE, &R::mechaShutterMode, nullptr, &R::hasMechaShutterMode},
+        {VMC_CODE_PROBE_387, nullptr, nullptr, &R::hasCode387},
+        {VMC_CODE_FAN_CTRL, &R::fanCtrlMode, &R::fanCtrlValue, &R::hasFanCtrl},
+    };
+    if (!Probes(load, kMore)) return false;
+    uint32_t fanFirst = 0, fanSecond = 0;
+    const bool fan = VMC_GetFanState(load.deviceNo, &fanFirst, &fanSecond, load.error);
+    if (!fan && !Tolerated(load)) return false;
+    record.hasFanState = fan;
+    if (!ReadStorageControl(load, 0, record.sdCardCtrl, record.hasSdCardCtrl)) return false;
+    return Probe1(load, {VMC_CODE_MECHANICAL_SHUTTER, nullptr, nullptr, &R::hasMechanicalShutter});
+}
+
+// Pixel gain magnification is asked of head 1 and says nothing about the load's health.
+bool ReadPixelGainMagnification(DeviceLoad& load) {
+    uint32_t value = 0;
+    const bool answered = GetCaps(load.deviceNo, 1, VMC_CODE_PIXEL_GAIN_MAGNIFICATION_UPLOAD, 0, &value, nullptr,
+                                  load.error) != 0;
+    load.record.hasPixelGainMagnification = answered;
+    load.record.hasPixelGainMaxMagnification = answered;
+    return true;
+}
+
+bool ReadSyncAndExposure(DeviceLoad& load) {
+    uint32_t value = 0;
+    if (!Probe1(load, {VMC_CODE_SELF_SYNC_MODE, &R::selfSyncMode})) return false;
+    if (!RefreshEnableSelfSyncMode(load.deviceNo, &value, load.error) && !Tolerated(load)) return false;
+    if (!Probe1(load, {VMC_CODE_EXPOSURE_POSITION, &R::exposurePosition, nullptr, &R::hasExposurePosition}))
+        return false;
+    const bool answered = RefreshVSyncExposeDeviation(load.deviceNo, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    load.record.hasVSyncExposeDeviation = answered;
+    return true;
+}
+
 bool LoadChildren(DeviceLoad& load) {
     for (uint32_t i = 0; i < ChildSlots(load.record); ++i) {
         const uint32_t childNo = load.children[i];
@@ -120,6 +456,7 @@ bool LoadChildren(DeviceLoad& load) {
         } else if (void* block = std::calloc(1, sizeof(ChildRecord))) {
             std::free(load.record.childRecords[childNo - 1]);  // a list naming a head twice
             load.record.childRecords[childNo - 1] = static_cast<ChildRecord*>(block);
+            load.lastChild = childNo;
             loaded = LoadChildState(load.deviceNo, childNo, load.error);
         } else {
             *load.error = VMC_ERR_NO_MEMORY;
@@ -145,9 +482,284 @@ bool ReadDeviceName(DeviceLoad& load) {
            *load.error != VMC_ERR_MODULE_FATAL;
 }
 
+bool ReadCalMaxFrames(DeviceLoad& load) {
+    return Probe1(load, {VMC_CODE_CAL_MAX_FRAMES, nullptr, nullptr, &R::hasCalMaxFrames});
+}
+
+// A storage box answers four feature codes with 1 for "present".
+bool ReadStorageBox(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!ReadStorageControl(load, 1, record.ssdBoxCtrl, record.hasSSDBoxCtrl)) return false;
+    if (!record.hasSSDBoxCtrl) return true;
+    struct Feature {
+        uint32_t code;
+        uint8_t R::*flag;
+    };
+    static constexpr Feature kFeatures[] = {
+        {VMC_CODE_PROBE_404, &R::hasCode404},
+        {VMC_CODE_PROBE_405, &R::hasCode405},
+        {VMC_CODE_PROBE_406, &R::hasCode406},
+        {VMC_CODE_PROBE_407, &R::hasCode407},
+    };
+    for (const Feature& feature : kFeatures) {
+        uint32_t value = 0;
+        bool answered = false;
+        if (!Ask(load, feature.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+        record.*feature.flag = answered && value == 1;
+    }
+    return true;
+}
+
+bool ReadStorage(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!Probe1(load, {VMC_CODE_STORAGE_MODE, &R::storageMode, nullptr, &R::hasStorageMode})) return false;
+    uint32_t first = 0, second = 0;
+    const bool answered = VMC_GetSSDBoxInfo(load.deviceNo, 0, &first, &second, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    record.hasSSDBoxInfo = answered;
+    if (answered) {
+        for (uint32_t index = 0; index < 2; ++index) {
+            if (!VMC_GetSSDBoxInfo(load.deviceNo, index, &record.ssdBoxFirstValue[index],
+                                   &record.ssdBoxSecondValue[index], load.error) &&
+                !Tolerated(load))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool ReadWarningTemperature(DeviceLoad& load, uint8_t& flag) {
+    uint8_t value = 0;
+    const bool answered = VMC_GetWarningTemperature(load.deviceNo, 0, &value, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    flag = answered;
+    return true;
+}
+
+bool ReadNoiseAndStorageModes(DeviceLoad& load) {
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_LOW_FRAME_RATE_MODE, &R::lowFrameRateMode, nullptr, &R::hasLowFrameRateMode},
+        {VMC_CODE_HARDWARE_NOISE_REDUCTION, nullptr, nullptr, &R::hasHardwareNoiseReduction},
+        {VMC_CODE_SOFT_NOISE_REDUCTION, nullptr, nullptr, &R::hasSoftNoiseReduction},
+        {VMC_CODE_STORAGE_DOWNLOAD_MODE, &R::storageDownloadMode, nullptr, &R::hasStorageDownloadMode},
+    };
+    return Probes(load, kProbes) && ReadWarningTemperature(load, load.record.hasWarningTemperature);
+}
+
+// On-camera media: the storage mode must say 2. The media are asked once so
+// the module learns them; what they answer is read again when used.
+bool ReadMedia(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    uint32_t mode = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_STORAGE_MODE, 0, &mode, nullptr, Rule::Tolerant, &answered)) return false;
+    record.hasMedia = answered && mode == 2;
+    if (record.hasMedia) {
+        uint32_t value1 = 0, value2 = 0;
+        for (uint32_t media = 0; media < 2; ++media)
+            Ask(load, VMC_CODE_MEDIA_INFO, media, &value1, &value2, Rule::Ignored);
+    }
+    return Probe1(load, {VMC_CODE_MEDIA_SAVE_AFTER_INSERT, &R::mediaSaveAfterInsert, nullptr,
+                         &R::hasMediaSaveAfterInsert});
+}
+
+bool ReadBattery(DeviceLoad& load) {
+    if (!Probe1(load, {VMC_CODE_BATTERY_INFO, nullptr, nullptr, &R::hasBattery})) return false;
+    if (!load.record.hasBattery) return true;
+    static constexpr DeviceProbe kSupplies[] = {
+        {VMC_CODE_SHUTDOWN_BATTERY_SUPPLY, &R::shutdownBatterySupply1, &R::shutdownBatterySupply2},
+        {VMC_CODE_MEDIA_SAVE_BATTERY_SUPPLY, &R::mediaSaveBatterySupply1, &R::mediaSaveBatterySupply2},
+    };
+    return Probes(load, kSupplies);
+}
+
+// Temperature types the camera lists; 0 when it lists none.
+uint32_t TemperatureTypes(DeviceLoad& load, uint32_t (&types)[VMC_MAX_LIST_ENTRIES], bool* ok) {
+    uint32_t count = 0;
+    *ok = GetList(load.deviceNo, 0, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error) || Tolerated(load);
+    return *ok && count <= VMC_MAX_LIST_ENTRIES ? count : 0;
+}
+
+// A code whose feature is present only when it answers exactly 1.
+bool ProbeOne(DeviceLoad& load, uint32_t code, uint32_t sub, uint8_t& flag) {
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, code, sub, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    flag = answered && value == 1;
+    return true;
+}
+
+bool ReadPowerAndThresholds(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_AUTO_POWER_WHEN_SUPPLY, &R::autoPowerWhenSupply, nullptr, &R::hasAutoPowerWhenSupply},
+        {VMC_CODE_VIDEO_OSD_CROSSHAIR_MODE, &R::videoOSDCrosshairMode, nullptr, &R::hasVideoOSDCrosshairMode},
+    };
+    if (!Probes(load, kProbes)) return false;
+    uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
+    bool ok = false;
+    const uint32_t count = TemperatureTypes(load, types, &ok);
+    if (!ok) return false;
+    for (uint32_t i = 0; i < count; ++i) {
+        if (types[i] >= std::size(record.warningTemperatureThreshold)) continue;  // no slot for that type
+        bool answered = false;
+        if (!Ask(load, VMC_CODE_WARNING_TEMPERATURE_THRESHOLD, types[i], &record.warningTemperatureThreshold[types[i]],
+                 nullptr, Rule::Tolerant, &answered))
+            return false;
+        if (answered) record.hasWarningTemperatureThreshold = 1;
+    }
+    return Probe1(load, {VMC_CODE_PARTITION_LOCK, nullptr, nullptr, &R::hasPartitionLock}) &&
+           ProbeOne(load, VMC_CODE_SHUTDOWN_CAMERA, 0, record.hasShutdownCamera) &&
+           ProbeOne(load, VMC_CODE_REBOOT_CAMERA, 0, record.hasRebootCamera);
+}
+
+// A trigger and its limits: the first limit value packs two 16-bit limits.
+bool ReadTriggerLimits(DeviceLoad& load, uint32_t code, uint32_t& limit1, uint32_t& limit2, uint32_t& limit3) {
+    uint32_t packed = 0, third = 0;
+    bool answered = false;
+    Ask(load, code, 0, &packed, &third, Rule::Ignored, &answered);
+    if (answered) {
+        limit1 = packed >> 16;
+        limit2 = packed & 0xFFFFu;
+        limit3 = third;
+    }
+    return true;
+}
+
+bool ReadAccelerationTriggers(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!Probe1(load, {VMC_CODE_ACCELERATION_TRIGGER, &R::accelerationTrigger1, &R::accelerationTrigger2,
+                       &R::hasAccelerationTrigger}))
+        return false;
+    if (record.hasAccelerationTrigger)
+        ReadTriggerLimits(load, VMC_CODE_ACCELERATION_TRIGGER_LIMIT, record.accelerationTriggerLimit1,
+                          record.accelerationTriggerLimit2, record.accelerationTriggerLimit3);
+    if (!Probe1(load, {VMC_CODE_ACCELERATION_TRIGGER_TIME, &R::accelerationTriggerTime, nullptr,
+                       &R::hasAccelerationTriggerTime}))
+        return false;
+    if (record.hasAccelerationTriggerTime)
+        ReadTriggerLimits(load, VMC_CODE_ACCELERATION_TRIGGER_TIME_LIMIT, record.accelerationTriggerTimeLimit1,
+                          record.accelerationTriggerTimeLimit2, record.accelerationTriggerTimeLimit3);
+    return true;
+}
+
+bool ReadTemperatureSensors(DeviceLoad& load) {
+    uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
+    bool ok = false;
+    load.record.hasTemperature = TemperatureTypes(load, types, &ok) > 0;
+    if (!ok) return false;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    load.record.hasMemTemperature = answered && value != 0;
+    return true;
+}
+
+// Which output ports can stretch their signal: one bit per port.
+bool ReadOutSignalSpans(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    // The out count is asked afresh; the record keeps the counts the port step settled on.
+    uint32_t inCount = 0, outCount = 0;
+    if (!Ask(load, VMC_CODE_EXTERNAL_COUNT, 0, &inCount, &outCount, Rule::Tolerant)) return false;
+    for (uint32_t port = 1; port <= outCount; ++port) {
+        uint32_t value = 0;
+        bool answered = false;
+        if (!Ask(load, VMC_CODE_EXTERNAL_OUT_SIGNAL_SPAN, port, &value, nullptr, Rule::Tolerant, &answered))
+            return false;
+        if (!answered) continue;
+        record.hasExternalOutSignalSpan = 1;
+        if (value) record.externalOutSignalSpan |= 1u << port;
+        else record.externalOutSignalSpan &= ~(1u << port);
+    }
+    return true;
+}
+
+bool ReadFanAndMeasurements(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load, VMC_CODE_FAN_REC_READY_STOP, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    record.hasFanRecReadyStop = answered;
+    record.fanRecReadyStop = answered ? static_cast<uint32_t>(static_cast<int8_t>(value)) : 0;
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_MEASUREMENT_CURRENT, nullptr, nullptr, &R::hasMeasurementCurrent},
+        {VMC_CODE_MEASUREMENT_VOLTAGE, nullptr, nullptr, &R::hasMeasurementVoltage},
+    };
+    if (!Probes(load, kProbes)) return false;
+    // The memory-temperature code has the last word on temperatures.
+    if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    record.hasTemperature = answered && value != 0;
+    if (!ReadWarningTemperature(load, record.hasWarningTemperature)) return false;
+    uint32_t cut = 0;
+    answered = VMC_GetWarningCableCutting(load.deviceNo, 0, &cut, load.error);
+    if (!answered && !Tolerated(load) && *load.error != VMC_ERR_BAD_CHILD) return false;
+    record.hasWarningCableCutting = answered;
+    return true;
+}
+
+bool ReadTriggerNoiseAndIo(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    if (!CheckInitialised(load)) return false;
+    if (!Probe1(load, {VMC_CODE_TRIGGER_NOISE_FILTER, &R::triggerNoiseFilter, nullptr, &R::hasTriggerNoiseFilter}))
+        return false;
+    bool width1 = false, width2 = false;
+    if (!Ask(load, VMC_CODE_TRIGGER_NOISE_FILTER_WIDTH, 0, &record.triggerNoiseFilterWidth1, nullptr, Rule::Tolerant,
+             &width1) ||
+        !Ask(load, VMC_CODE_TRIGGER_NOISE_FILTER_WIDTH_2, 0, &record.triggerNoiseFilterWidth2,
+             &record.triggerNoiseFilterWidth3, Rule::Tolerant, &width2))
+        return false;
+    record.hasTriggerNoiseFilterWidth = width1 && width2;
+    for (uint32_t sub = 0; sub < std::size(record.vdaioType); ++sub) {
+        if (GetCaps(load.deviceNo, 0, VMC_CODE_VDAIO_TYPE, sub, &record.vdaioType[sub], nullptr, load.error)) {
+            record.hasVDAIOType = 1;
+            continue;
+        }
+        if (Tolerated(load)) {
+            record.hasVDAIOType = 0;
+            break;
+        }
+        if (*load.error == VMC_ERR_BAD_ARGUMENT) continue;  // a sub-code this camera skips
+        record.hasVDAIOType = 0;
+        return false;
+    }
+    return Probe1(load, {VMC_CODE_MEMORY_SHARE, &R::memoryShare, nullptr, &R::hasMemoryShare});
+}
+
+bool ReadIdentityExtras(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    // Recorded acceleration data: asked with no buffer, the answer is only presence.
+    const bool acceleration = GetData(load.deviceNo, 0, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error) != 0;
+    if (!acceleration && !Tolerated(load)) return false;
+    record.hasMemAccelerationData = acceleration;
+    uint32_t value = 0;
+    bool answered = false;
+    Ask(load, VMC_CODE_PROBE_368, 0, &value, nullptr, Rule::Ignored, &answered);
+    record.hasCode368 = answered ? static_cast<uint8_t>(value) : 0;
+    if (!Probe1(load, {VMC_CODE_PROBE_397, nullptr, nullptr, &R::hasCode397})) return false;
+    RefreshSerialNumber(load.deviceNo, 0, load.error);  // a camera without one keeps all ones
+    uint32_t high = 0, low = 0;
+    answered = VMC_GetMACAddress(load.deviceNo, &high, &low, load.error);
+    if (!answered && !Tolerated(load)) return false;
+    record.hasMACAddress = answered;
+    if (!Probe1(load, {VMC_CODE_PROBE_398, nullptr, nullptr, &R::hasCode398})) return false;
+    RefreshMaxRandomEndlessTriggerCount(load.deviceNo, load.error);
+    return true;
+}
+
+bool ReadSaveSlotAndSensorError(DeviceLoad& load) {
+    if (!Probe1(load, {VMC_CODE_SAVE_SLOT_NO, &R::saveSlotNo})) return false;
+    uint32_t value = 0;
+    bool answered = false;
+    if (!Ask(load.deviceNo, load.lastChild, VMC_CODE_ACCELERATION_SENSOR_ERROR, 0, &value, nullptr, Rule::Tolerant,
+             load.error, &answered))
+        return false;
+    load.record.hasAccelerationSensorError = answered;
+    return true;
+}
+
 bool ReadLinkSettings(DeviceLoad& load) {
     DeviceRecord& record = load.record;
-    if (!QueryTolerant(load, VMC_CODE_ETHERNET_SPEED_LIMIT, &record.ethernetSpeedLimit, &record.hasEthernetSpeedLimit))
+    if (!Probe1(load, {VMC_CODE_ETHERNET_SPEED_LIMIT, &R::ethernetSpeedLimit, nullptr, &R::hasEthernetSpeedLimit}))
         return false;
     uint32_t linkSpeed = 0;
     const bool answered = RefreshLinkSpeed(load.deviceNo, &linkSpeed, load.error);
@@ -184,27 +796,78 @@ bool SendPacketInterval10G(DeviceLoad& load) {
     return true;
 }
 
+// Newer features announce themselves through one code with the feature number as sub-code.
+bool ReadFeatures(DeviceLoad& load) {
+    DeviceRecord& record = load.record;
+    struct Feature {
+        uint32_t number;
+        uint8_t R::*flag;
+    };
+    static constexpr Feature kFeatures[] = {
+        {161, &R::hasFeature161},      {162, &R::hasFeature162},      {164, &R::hasTelnetCommand},
+        {165, &R::hasDeviceErrorList}, {166, &R::hasDeviceErrorObserve}, {168, &R::hasPhaseAdjustment},
+    };
+    for (const Feature& feature : kFeatures)
+        if (!ProbeOne(load, VMC_CODE_FEATURE, feature.number, record.*feature.flag)) return false;
+    return true;
+}
+
 constexpr Step kSteps[] = {
     HandOverGlobalLock,
     CreateDeviceLocks,
     ReadDeviceId,
     ReadIdentity,
-    ReadInstructionSet,
+    ReadDirectRecordRapidPack,
+    ReadExternalCount,
+    ReadShutterDisplayMode,
+    ReadExternalPorts,
+    ReadSignalAndLockModes,
+    ReadPartitionIncModes,
+    ReadPanelAndVideo,
+    ReadIrigDetails,
+    ReadTimecodeAndAdc,
+    ReadFrameZeroAndStoreNum,
+    ReadDelayLimits,
+    ReadDelayValues,
+    ReadModes,
+    ReadProgSwitches,
+    ReadEntryFlags,
+    ReadOperationFeatures,
     ReadChildCounts,
     CheckInitialised,
     ReadExistingChildren,
+    ReadSeriesAndIndexing,
+    ReadDropFrames,
+    ReadLinkAndHardware,
+    ReadPixelGainMagnification,
+    ReadSyncAndExposure,
     LoadChildren,
     ReadTriggerMode,
     ReadDeviceName,
+    ReadCalMaxFrames,
+    ReadStorageBox,
+    ReadStorage,
+    ReadNoiseAndStorageModes,
+    ReadMedia,
+    ReadBattery,
+    ReadPowerAndThresholds,
+    ReadAccelerationTriggers,
+    ReadTemperatureSensors,
+    ReadOutSignalSpans,
+    ReadFanAndMeasurements,
+    ReadTriggerNoiseAndIo,
+    ReadIdentityExtras,
+    ReadSaveSlotAndSensorError,
     ReadLinkSettings,
     ReadPacketIntervalMode,
     SendPacketInterval10G,
+    ReadFeatures,
 };
 
 }  // namespace
 
 uint32_t LoadDeviceState(uint32_t deviceNo, uint32_t packetMode, uint32_t* error) {
-    DeviceLoad load = {deviceNo, packetMode, error, Record(deviceNo), {}};
+    DeviceLoad load = {deviceNo, packetMode, error, Record(deviceNo), {}, 0};
     for (Step step : kSteps)
         if (!step(load)) return 0;
     *error = VMC_ERR_OK;

@@ -1,77 +1,212 @@
+// The request family written once: the regular rows of requests.def and of
+// field_workers.def expand here into their workers and exports. Rows marked
+// PARTICULAR are written by hand in the request_*.cpp files beside this one.
 #include "state/requests.h"
 
-#include <optional>
-
-#include <vmc/codes.h>
-
-#include "core/frame.h"
-#include "core/locks.h"
-#include "core/module_calls.h"
+#include "state/request_frame.h"
 
 namespace vmc {
 namespace {
 
-constexpr std::optional<uint32_t> KEEP;
+using DeviceField = uint32_t DeviceRecord::*;
+using DeviceFlag = uint8_t DeviceRecord::*;
+using ChildField = uint32_t ChildRecord::*;
+using ChildFlag = uint8_t ChildRecord::*;
 
-// Asks, falls back on error 21, and stores whatever the variable then holds,
-// also after other failures: callers pass an initialised variable.
-uint32_t RefreshDeviceValue(uint32_t deviceNo, uint32_t code, uint32_t DeviceRecord::*field,
-                            std::optional<uint32_t> fallback, uint32_t* value, uint32_t* error) {
-    const uint32_t result = GetCaps(deviceNo, 0, code, 0, value, nullptr, error);
-    if (!result && *error == VMC_ERR_NOT_SUPPORTED && fallback) *value = *fallback;
+// Every worker stores the value whatever the outcome: the default after
+// error 21, the caller's initial value after any other failure.
+uint32_t DeviceValue(uint32_t deviceNo, uint32_t code, DeviceField field, uint32_t fallback, uint32_t* value,
+                     uint32_t* error) {
+    const uint32_t result = AskValue(deviceNo, 0, code, 0, fallback, value, error);
     Record(deviceNo).*field = *value;
     return result;
 }
 
-// The frame of a device-level request export.
-template <class Worker>
-uint32_t RequestExport(uint32_t deviceNo, const uint8_t* gate, uint32_t* value, uint32_t* error, Worker worker) {
-    return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (gate && !Available(*gate, err)) return 0;
-        if (!Begin(err) || !NotNull(value, err)) return 0;
-        ScopedLock lock = ScopedLock::Device(deviceNo, err);
-        if (!lock) return 0;
-        return worker(deviceNo, value, err);
-    });
+uint32_t DeviceFlagValue(uint32_t deviceNo, uint32_t code, DeviceFlag flag, uint32_t* value, uint32_t* error) {
+    const uint32_t result = AskValue(deviceNo, 0, code, 0, 0, value, error);
+    Record(deviceNo).*flag = static_cast<uint8_t>(*value);
+    return result;
 }
 
-inline const uint8_t* GateOf(uint32_t, std::nullptr_t) { return nullptr; }
-inline const uint8_t* GateOf(uint32_t deviceNo, uint8_t DeviceRecord::*flag) { return &(Record(deviceNo).*flag); }
+uint32_t DevicePair(uint32_t deviceNo, uint32_t code, DeviceField first, DeviceField second, uint32_t* value1,
+                    uint32_t* value2, uint32_t* error) {
+    const uint32_t result = AskPair(deviceNo, 0, code, 0, value1, value2, error);
+    DeviceRecord& record = Record(deviceNo);
+    record.*first = *value1;
+    record.*second = *value2;
+    return result;
+}
+
+uint32_t HeadOrDeviceValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, DeviceField deviceField,
+                           ChildField childField, uint32_t fallback, uint32_t* value, uint32_t* error) {
+    const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
+    if (childNo == 0)
+        Record(deviceNo).*deviceField = *value;
+    else
+        HeadRecord(deviceNo, childNo).*childField = *value;
+    return result;
+}
+
+uint32_t ChildValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField field, uint32_t fallback,
+                    uint32_t* value, uint32_t* error) {
+    const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
+    HeadRecord(deviceNo, childNo).*field = *value;
+    return result;
+}
+
+uint32_t ChildFlagValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFlag flag, uint32_t* value,
+                        uint32_t* error) {
+    const uint32_t result = AskValue(deviceNo, childNo, code, 0, 0, value, error);
+    HeadRecord(deviceNo, childNo).*flag = static_cast<uint8_t>(*value);
+    return result;
+}
+
+uint32_t ChildPair(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField first, ChildField second,
+                   uint32_t* value1, uint32_t* value2, uint32_t* error) {
+    const uint32_t result = AskPair(deviceNo, childNo, code, 0, value1, value2, error);
+    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    child.*first = *value1;
+    child.*second = *value2;
+    return result;
+}
+
+uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField high, ChildField low,
+                     uint32_t* value1, uint32_t* value2, uint32_t* error) {
+    const uint32_t result = AskHalves(deviceNo, childNo, code, value1, value2, error);
+    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    child.*high = *value1;
+    child.*low = *value2;
+    return result;
+}
 
 }  // namespace
 
-#define NO_GATE nullptr
-#define GATE(flag) &DeviceRecord::flag
-#define DEVICE_REQUEST(exportName, worker, gate, code, field, fallback)                                      \
-    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                   \
-        return RefreshDeviceValue(deviceNo, code, &DeviceRecord::field, fallback, value, error);             \
-    }                                                                                                        \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                    \
-        return RequestExport(deviceNo, GateOf(deviceNo, gate), value, error, worker);                        \
+// ---- The regular rows of the family ---------------------------------------
+
+#define DEVICE_VALUE(exportName, worker, code, field, fallback)                                                  \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
+        return DeviceValue(deviceNo, code, &DeviceRecord::field, fallback, value, error);                        \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
+        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
+                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
+    }
+#define DEVICE_FLAG(exportName, worker, code, flag)                                                              \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
+        return DeviceFlagValue(deviceNo, code, &DeviceRecord::flag, value, error);                               \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
+        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
+                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
+    }
+#define DEVICE_PAIR(exportName, worker, code, first, second)                                                     \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {                    \
+        return DevicePair(deviceNo, code, &DeviceRecord::first, &DeviceRecord::second, value1, value2, error);   \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {     \
+        return RequestFrame(deviceNo, 0, Heads::None, value1 && value2, error,                                   \
+                            [&](uint32_t* err) { return worker(deviceNo, value1, value2, err); });               \
+    }
+#define DEVICE_QUERY(exportName, worker, code, fallback)                                                         \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
+        return AskValue(deviceNo, 0, code, 0, fallback, value, error);                                           \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
+        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
+                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
+    }
+#define HEAD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback)                                          \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
+        return HeadOrDeviceValue(deviceNo, childNo, code, &DeviceRecord::field, &ChildRecord::field, fallback,   \
+                                 value, error);                                                                  \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, Heads::OrDevice, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
+    }
+#define CHILD_VALUE(exportName, worker, code, field, fallback)                                                   \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
+        return ChildValue(deviceNo, childNo, code, &ChildRecord::field, fallback, value, error);                 \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
+    }
+#define CHILD_FLAG(exportName, worker, code, flag)                                                               \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
+        return ChildFlagValue(deviceNo, childNo, code, &ChildRecord::flag, value, error);                        \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
+    }
+#define CHILD_PAIR(exportName, worker, code, first, second)                                                      \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
+        return ChildPair(deviceNo, childNo, code, &ChildRecord::first, &ChildRecord::second, value1, value2,     \
+                         error);                                                                                 \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
+                                   uint32_t* error) {                                                            \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2, error,                         \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value1, value2, err); });      \
+    }
+#define CHILD_PACKED(exportName, worker, code, high, low)                                                        \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
+        return ChildPacked(deviceNo, childNo, code, &ChildRecord::high, &ChildRecord::low, value1, value2,       \
+                           error);                                                                               \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
+                                   uint32_t* error) {                                                            \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2, error,                         \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value1, value2, err); });      \
+    }
+#define CHILD_QUERY(exportName, worker, code, fallback)                                                          \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
+        return AskValue(deviceNo, childNo, code, 0, fallback, value, error);                                     \
+    }                                                                                                            \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
+    }
+#define CHILD_ALIAS(exportName, worker)                                                                          \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
     }
 #include "state/requests.def"
-#undef DEVICE_REQUEST
-#undef GATE
-#undef NO_GATE
 
-uint32_t RefreshTriggerMode(uint32_t deviceNo, uint32_t* error) {
-    DeviceRecord& record = Record(deviceNo);
-    uint32_t mode = 0, afterFrames = 0, randomFrames = 0, randomCount = 0;
-    if (!GetCaps(deviceNo, 0, VMC_CODE_TRIGGER_MODE, 0, &mode, &afterFrames, error) ||
-        !GetCaps(deviceNo, 0, VMC_CODE_TRIGGER_RANDOM, 0, &randomFrames, &randomCount, error)) {
-        record.triggerMode = 0;
-        return 0;
+// ---- Fields that only the state load and the poll fill ---------------------
+
+#define DEVICE_WORKER(worker, code, field, fallback)                                                             \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
+        return DeviceValue(deviceNo, code, &DeviceRecord::field, fallback, value, error);                        \
     }
-    record.triggerMode = mode;
-    record.triggerAfterFrames = afterFrames;
-    record.triggerRandomFrames = randomFrames;
-    record.triggerRandomCount = randomCount;
-    return 1;
+#define DEVICE_FLAG_WORKER(worker, code, flag)                                                                   \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
+        return DeviceFlagValue(deviceNo, code, &DeviceRecord::flag, value, error);                               \
+    }
+#define DEVICE_PAIR_WORKER(worker, code, first, second)                                                          \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {                    \
+        return DevicePair(deviceNo, code, &DeviceRecord::first, &DeviceRecord::second, value1, value2, error);   \
+    }
+#include "state/field_workers.def"
+
+// ---- The link rows: asked only of a camera that has the link functions -----
+
+VMC_EXPORT uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
+    return RunExport(error, [&](uint32_t* err) -> uint32_t {
+        if (!Available(Record(deviceNo).hasLinkSpeed, err)) return 0;
+        return RequestFrame(deviceNo, 0, Heads::None, value, err,
+                            [&](uint32_t* e) { return RefreshLinkSpeed(deviceNo, value, e); });
+    });
+}
+
+uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
+    return DeviceValue(deviceNo, VMC_CODE_LINK_SPEED, &DeviceRecord::linkSpeed, 0, value, error);
 }
 
 uint32_t RefreshPacketIntervalMode(uint32_t deviceNo, uint32_t kind, uint32_t* value, uint32_t* error) {
-    const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_PACKET_INTERVAL_MODE, kind, value, nullptr, error);
-    if (!result && *error == VMC_ERR_NOT_SUPPORTED) *value = 1;
+    const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_PACKET_INTERVAL_MODE, kind, 1, value, error);
     DeviceRecord& record = Record(deviceNo);
     (kind == 0 ? record.packetIntervalMode : record.packetInterval10G) = *value;
     return result;
@@ -81,11 +216,10 @@ VMC_EXPORT uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index,
                                               uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Available(Record(deviceNo).hasPacketIntervalMode, err)) return 0;
-        if (!Begin(err) || !NotNull(value, err)) return 0;
+        if (!Begin(err)) return 0;
         if (index > 1) return Fail(err, VMC_ERR_BAD_ARGUMENT);
-        ScopedLock lock = ScopedLock::Device(deviceNo, err);
-        if (!lock) return 0;
-        return RefreshPacketIntervalMode(deviceNo, index, value, err);
+        return RequestFrame(deviceNo, 0, Heads::None, value, err,
+                            [&](uint32_t* e) { return RefreshPacketIntervalMode(deviceNo, index, value, e); });
     });
 }
 

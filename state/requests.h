@@ -1,22 +1,373 @@
-// Request workers: ask the camera for one setting and store the answer in
-// the cached record. Workers take no lock; the exports and the callers that
-// run them (state load, poll, writes) hold the device lock or run at open.
+// Request workers: ask the camera for one setting now and store the answer in
+// the cached record. They are the one place where a field is filled from the
+// module; the Req exports, the state load, the status poll and the Set
+// functions all run them.
+//
+// Conventions shared by every worker:
+// - Workers take no lock, unless their comment says they take the device lock
+//   themselves (it is recursive, so they are safe inside a locked caller).
+// - Device workers take (deviceNo, ..., error); head workers take
+//   (deviceNo, childNo, ..., error). An index (port, switch, delay type,
+//   plane, signal, sub-code) follows them. The value pointers are the
+//   export's out-arguments, in its order: pass initialised variables.
+// - The worker stores before it returns, also after a failure: on error 21
+//   the value takes the setting's default (0 unless named), on any other
+//   failure the field takes what the variable held. The result is the
+//   module's, and the error word is the module's.
 #pragma once
 
 #include <cstdint>
 
+#include <vmc/vmc.h>
+
 namespace vmc {
 
-#define DEVICE_REQUEST(exportName, worker, gate, code, field, fallback) \
-    uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-#include "state/requests.def"
-#undef DEVICE_REQUEST
+// ---- Identity and layout of the device ------------------------------------
 
-// Mode and after-frames (code 6), then random frames and count (code 7).
-// A failure of either writes 0 to the trigger mode and leaves the rest.
+// deviceId (12), childDeviceCount (1, default 1), maxChildDeviceCount (66, default 1).
+uint32_t RefreshDeviceId(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMaxChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// productId (20), lotId (21), individualId (22), version (23): childNo 0 fills
+// the device's field, a head number the head's.
+uint32_t RefreshProductID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLotID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshIndividualID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVersion(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// colorType (11): the low byte, 0 on failure.
+uint32_t RefreshColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// memColorType (11), low byte as colorType.
+uint32_t RefreshMemColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// serialNumber (390) of the device (childNo 0) or a head; all ones when the
+// query failed. Takes the device lock.
+uint32_t RefreshSerialNumber(uint32_t deviceNo, uint32_t childNo, uint32_t* error);
+// saveSlotNo (403) of the device (childNo 0) or a head.
+uint32_t RefreshSaveSlotNo(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+
+// ---- Device settings, one code, one field ---------------------------------
+
+// shutterLockMode (24), resolutionLockMode (130), partitionIncMode (25),
+// keyPadLock (28), videoOutMode (29, default 2).
+uint32_t RefreshShutterLockMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshResolutionLockMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshPartitionIncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshKeyPadLock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVideoOutMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// irigMode (14), mcdlMode (15), irigOffset (19), irigSampleMode (293),
+// irigPhaseLock (99), irigPhaseLockStatus (100).
+uint32_t RefreshIRIG(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMCDL(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshIRIGOffset(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshIRIGSampleMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshIRIGPhaseLock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshIRIGPhaseLockStatus(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// downloadMode (78), lowLightMode (82), syncOutTimes (94), highSpeedMode (101),
+// videoOutSignal (114), videoOutHDSDI (115, default 1), syncPriority (110).
+uint32_t RefreshDownloadMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLowLightMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSyncOutTimes(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshHighSpeedMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVideoOutSignal(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVideoOutHDSDI(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSyncPriority(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// recordingType (117), mcdlDataMode (118), storePreset (126, default 1),
+// instructionSet (128), ledMode (131, default 1), batteryPowerMode (163),
+// binningSensorMode (169), videoOSD (133, default 1).
+uint32_t RefreshRecordingType(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMCDLDataMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshStorePreset(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshInstructionSet(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLEDMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshBatteryPowerMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshBinningSensorMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVideoOSD(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// memoryBlock (139, first value), numOfDropFrame (147), subInterfaceMode (160),
+// exposeExtension (161), gEtherTransferMode (189), mechaShutterMode (195),
+// selfSyncMode (270, default 1), storageMode (273), lowFrameRateMode (296),
+// linkSpeed (424).
+uint32_t RefreshMemoryBlock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshNumofDropFrame(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSubInterfaceMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshExposeExtension(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshGetherTransferMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMechaShutterMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSelfSyncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshStorageMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLowFrameRateMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// Flag bytes that hold the answer itself: frameZeroMode (38, result always 1),
+// variableFunction (80, result always 1), hasSubPort (159),
+// enableSelfSyncMode (271). storeNum with hasStoreNum (96).
+uint32_t RefreshFrameZero(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVariableFunction(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSubPort(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshEnableSelfSyncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshStoreNum(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// Asked and returned, nothing cached: codes 188 (default 0), 221 (default 2).
+uint32_t RefreshFixFrameRecordMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMechanicalShutter(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// Code 240 of the device (childNo 0) or a head, both values; nothing cached.
+uint32_t RefreshCalMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
+                             uint32_t* error);
+
+// ---- Device settings with an index or several values ----------------------
+
+// externalInCount, externalOutCount (36).
+uint32_t RefreshExternalCount(uint32_t deviceNo, uint32_t* inCount, uint32_t* outCount, uint32_t* error);
+// externalInMode[port-1] (34), externalOutMode[port-1] (35); port 1..4, else error 5.
+uint32_t RefreshExternalInMode(uint32_t deviceNo, uint32_t port, uint32_t* value, uint32_t* error);
+uint32_t RefreshExternalOutMode(uint32_t deviceNo, uint32_t port, uint32_t* value, uint32_t* error);
+// progSwitchMode[switch-1] (83); switch 1..4, else error 5.
+uint32_t RefreshProgSwitchMode(uint32_t deviceNo, uint32_t switchNo, uint32_t* value, uint32_t* error);
+// The trigger words: code 6 (mode, after-frames), then code 7 (random frames,
+// random count). A failure of either writes 0 to triggerMode and leaves the rest.
 uint32_t RefreshTriggerMode(uint32_t deviceNo, uint32_t* error);
-
-// Packet interval of kind 0 (mode) or 1 (10-gigabit interval); 1 on error 21.
+// delayValue / delayValue10 / delayValue11 (74) and delayLimit / delayLimit10 /
+// delayLimit11 (75) of a delay type 1..12; a failed query stores nothing.
+uint32_t RefreshDelay(uint32_t deviceNo, uint32_t type, uint32_t* value, uint32_t* error);
+uint32_t RefreshDelayLimit(uint32_t deviceNo, uint32_t type, uint32_t* value, uint32_t* error);
+// exposeOutTimes1 (173) for signal 13 or 14, exposeOutTimes2 (175) for 82 or
+// 88; any other signal succeeds and asks nothing.
+uint32_t RefreshExposeOutTimes(uint32_t deviceNo, uint32_t signal, uint32_t* value, uint32_t* error);
+// fanCtrlMode, fanCtrlValue (202).
+uint32_t RefreshFanCtrl(uint32_t deviceNo, uint32_t* mode, uint32_t* value, uint32_t* error);
+// sdCardCtrl / ssdBoxCtrl (204), asked only while storage mode (273) answers
+// 0 / 1; otherwise error 21 and the value 0.
+uint32_t RefreshSdCardCtrl(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSSDBoxCtrl(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// Bit `port` of externalOutSignalSpan (354, sub-code port).
+uint32_t RefreshExternalOutSignalSpan(uint32_t deviceNo, uint32_t port, uint32_t* value, uint32_t* error);
+// fanRecReadyStop (359): the first byte, sign-extended.
+uint32_t RefreshFanRecReadyStop(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// packetIntervalMode (425 sub 0) or packetInterval10G (sub 1); 1 on error 21.
 uint32_t RefreshPacketIntervalMode(uint32_t deviceNo, uint32_t kind, uint32_t* value, uint32_t* error);
+
+// ---- Device fields filled only by the state load and the poll -------------
+
+// videoOutSignalEnable (400), storePresetReboot (394), hasLiveIRIG (132: the
+// answer itself), adcMode (283), adcRange (291), directRecordRapidPack (305),
+// storageDownloadMode (319), mode329 (329), autoPowerWhenSupply (344),
+// videoOSDCrosshairMode (391), accelerationTriggerTime (374),
+// mediaSaveAfterInsert (429).
+uint32_t RefreshVideoOutSignalEnable(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshStorePresetReboot(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLiveIRIG(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshAdcMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshAdcRange(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshDirectRecordRapidPack(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshStorageDownloadMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMode329(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshAutoPowerWhenSupply(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVideoOSDCrosshairMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshAccelerationTriggerTime(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMediaSaveAfterInsert(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// accelerationTrigger1, accelerationTrigger2 (317).
+uint32_t RefreshAccelerationTrigger(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
+// warningTemperatureThreshold[type] (393, sub-code type); type 0..8, else error 5.
+uint32_t RefreshWarningTemperatureThreshold(uint32_t deviceNo, uint32_t type, uint32_t* value, uint32_t* error);
+// hasShutdownCamera (372) and hasRebootCamera (410): set when the camera
+// answers 1.
+uint32_t RefreshShutdownCamera(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshRebootCamera(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// hasMemTemperature (369) of the device (childNo 0) or a head: answer non-zero.
+uint32_t RefreshMemTemperature(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// hasCode368 (368): the answer itself.
+uint32_t RefreshCode368(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+// code401Value of a head (401): the first byte of the answer.
+uint32_t RefreshCode401(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// vSyncExposeDeviation (280): an answer above 65535 is stored as the negative
+// of its low 16 bits.
+uint32_t RefreshVSyncExposeDeviation(uint32_t deviceNo, uint32_t* error);
+// Take the device lock themselves (recursive, so safe in a locked caller) and
+// refuse with error 2 before VMC_Init: triggerNoiseFilter (316);
+// triggerNoiseFilterWidth1 (399) with Width2 and Width3 (380); vdaioType[sub]
+// (384, sub 0..2, all ones on failure); memoryShare (360);
+// maxRandomEndlessTriggerCount (327, 10 on failure). The serial number above
+// locks the same way.
+uint32_t RefreshTriggerNoiseFilter(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshTriggerNoiseFilterWidth(uint32_t deviceNo, uint32_t* width1, uint32_t* width2, uint32_t* width3,
+                                        uint32_t* error);
+uint32_t RefreshVDAIOType(uint32_t deviceNo, uint32_t sub, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemoryShare(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error);
+
+// ---- Head settings ---------------------------------------------------------
+
+// recordRate (2; cache form 67), shutterFps (4), shutterUsec (5), shutterNsec (127).
+uint32_t RefreshRecordRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshRecordRateCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShutterSpeedFps(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShutterSpeedUsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShutterSpeedNsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// width, height (3, high and low 16 bits) and the ROI pair set to the same;
+// all four 0 on failure. The cache form (68) touches width and height alone.
+uint32_t RefreshResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height, uint32_t* error);
+uint32_t RefreshResolutionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
+                                uint32_t* error);
+// roiWidth, roiHeight (116); on failure they take width and height.
+uint32_t RefreshResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
+                              uint32_t* error);
+// Packed pairs, both 0 on failure: segmentX/Y (48; cache form 71), maxWidth/Height (47).
+uint32_t RefreshSegmentPosition(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y, uint32_t* error);
+uint32_t RefreshSegmentPositionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y,
+                                     uint32_t* error);
+uint32_t RefreshMaxResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
+                              uint32_t* error);
+// maxPartition, maxPartitionBlocks (30); 1 and 0 on failure.
+uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* partitions, uint32_t* blocks,
+                             uint32_t* error);
+// currentPartition (31, default 1), mirrored into memoryModePartition unless
+// partitionIncMode is 2. memoryModePartition alone (187, default 1).
+uint32_t RefreshCurrentPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemoryModePartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// maxFrames, maxFrameBlocks (33; cache form 69): stored only on success.
+uint32_t RefreshMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* frames, uint32_t* blocks, uint32_t* error);
+uint32_t RefreshMaxFramesCache(uint32_t deviceNo, uint32_t childNo, uint32_t* frames, uint32_t* blocks,
+                               uint32_t* error);
+// sensorGainMode (9, default 1), sensorGammaMode (10, default 1),
+// autoExposure (37), imageTrigger (176), lutMode (18, default 1),
+// dsShutterMode (17, default 1), dsShutterValue (93), edgeEnhanceMode (13,
+// default 1), shadingMode (16, default 1), shadingType (155, default 1),
+// pixelGainMode (32), colorEnhanceMode (77).
+uint32_t RefreshSensorGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSensorGammaMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshAutoExposure(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshImageTrigger(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLUTMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshDSShutterMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshDSShutterValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshEdgeEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShadingMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShadingType(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshPixelGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshColorEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// colorTempMode with colorTempValue1..3 (8, 86, 87, 88) and the soft set
+// (120..123): an error 21 on any of them resets the four outputs at that
+// point, the mode to 1 and the values to 0, and the reads after it go on. The
+// result is 1 only when all four answered, else the first failure's error.
+uint32_t RefreshColorTempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* value1,
+                              uint32_t* value2, uint32_t* value3, uint32_t* error);
+uint32_t RefreshSoftColorTempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* value1,
+                                  uint32_t* value2, uint32_t* value3, uint32_t* error);
+// colorTempBase1, colorTempBase2 (89); 16 and 4095 on failure.
+uint32_t RefreshColorTempBase(uint32_t deviceNo, uint32_t childNo, uint32_t* base1, uint32_t* base2,
+                              uint32_t* error);
+// colorEnhanceValue triple of plane 1..3 (codes 44..46): the two halves of the
+// first value and the low half of the second, each sign-magnitude on 16 bits;
+// zeros on failure. Any other plane gives error 5.
+uint32_t RefreshColorEnhanceValue(uint32_t deviceNo, uint32_t childNo, uint32_t plane, int32_t* values,
+                                  uint32_t* error);
+// maxBitDepth (72, 8 on failure); bitDepth (113, the maximum on failure);
+// bitDepth with bitDepth2 (158, falling back on 113 or the maximum, second 0).
+uint32_t RefreshMaxBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* depth, uint32_t* depth2, uint32_t* error);
+// camMode (49; cache form 79), maxFullResoRate (81), variableChannel (54),
+// liveResolutionMode (109, or 141 for the scale form), cameraCommandBaudRate
+// (112), ghostReduction (119), offsetAS (151), hBanding (152),
+// sensorTempMode (134), fpgaTempMode (167), shadingOffsetMode (136),
+// shadingOffsetValue (137), polarizerConfig (154), blackClipLevel (156,
+// default 1), lensControl (185), polarization (153, the child's flag byte).
+uint32_t RefreshCamMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshCamModeCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMaxFullResoRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshVariableChannel(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLiveResolutionMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLiveResolutionScaleMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshCameraCommandBaudRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshGhostReduction(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshOffsetAS(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshH_Banding(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshSensorTempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshFPGATempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShadingOffsetMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshShadingOffsetValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshPolarizerConfig(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshBlackClipLevel(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshLensControl(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshPolarization(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// shadingOffsetLimit1, shadingOffsetLimit2 (138).
+uint32_t RefreshShadingOffsetLimit(uint32_t deviceNo, uint32_t childNo, uint32_t* limit1, uint32_t* limit2,
+                                   uint32_t* error);
+// Asked and returned, nothing cached: 242 (default 1024).
+uint32_t RefreshPixelGainMagnification(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+
+// ---- The memory view of a head ---------------------------------------------
+
+// memRecordRate (2), memShutterFps/Usec/Nsec (4, 5, 127), memIrigMode (14),
+// memIrigSampleMode (293), memMcdlMode (15), memSensorGainMode (9, default 1:
+// the gamma export runs the same worker), memAutoExposure (37), memLutMode
+// (18, default 1), memDsShutterMode (17, default 1), memDsShutterValue (93),
+// memEdgeEnhanceMode (13, default 1), memColorEnhanceMode (77),
+// memIrigPhaseLockStatus (100), recordedFrames (70, the cache form of 42).
+uint32_t RefreshMemRecordRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemShutterSpeedFps(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemShutterSpeedUsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemShutterSpeedNsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemIRIG(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemIRIGSampleMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemMCDL(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemSensorGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemAutoExposure(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemLUTMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemDSShutterMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemDSShutterValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemEdgeEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemColorEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemIRIGPhaseLockStatus(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemRecordedFramesCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// memWidth/Height (3), memRoiWidth/Height (116), memSegmentX/Y (48): packed
+// pairs, both 0 on failure.
+uint32_t RefreshMemResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
+                              uint32_t* error);
+uint32_t RefreshMemResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
+                                 uint32_t* error);
+uint32_t RefreshMemSegmentPosition(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y, uint32_t* error);
+// The memory trigger words of a head: code 6 (mode, after-frames), code 7
+// (random frames, count); a failure of either writes 0 to memTriggerMode.
+uint32_t RefreshMemTriggerMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* afterFrames,
+                               uint32_t* randomFrames, uint32_t* randomCount, uint32_t* error);
+// memColorTempMode with its three values (8, 86, 87, 88), as the live form.
+uint32_t RefreshMemColorTempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* value1,
+                                 uint32_t* value2, uint32_t* value3, uint32_t* error);
+// memColorEnhanceValue triple of plane 1..3, as the live form.
+uint32_t RefreshMemColorEnhanceValue(uint32_t deviceNo, uint32_t childNo, uint32_t plane, int32_t* values,
+                                     uint32_t* error);
+// memBitDepth (113, the live bit depth on failure); memBitDepth with
+// memBitDepth2 (158, falling back on 113 or the live depth, second 0).
+uint32_t RefreshMemBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+uint32_t RefreshMemBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* depth, uint32_t* depth2,
+                             uint32_t* error);
+// Event frames (list 23) into the caller's list, an entry with bit 31 set
+// turned into minus its low 31 bits; eventFrameCount (at most 10) stored, 0
+// on error 21. Block counts of the events (list 30), nothing cached.
+uint32_t RefreshMemEventFrame(uint32_t deviceNo, uint32_t childNo, int32_t* frames, uint32_t* count,
+                              uint32_t* error);
+uint32_t RefreshMemEventRCount(uint32_t deviceNo, uint32_t childNo, uint32_t* counts, uint32_t* count,
+                               uint32_t* error);
+// Trigger frames (list 49) into the caller's list; count 0 on error 21.
+uint32_t RefreshMemTriggerFrameList(uint32_t deviceNo, uint32_t childNo, uint32_t* frames, uint32_t* count,
+                                    uint32_t* error);
+// Codes 43 (two values) and 84, nothing cached.
+uint32_t RefreshMemTwoStageTriggerFrame(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
+                                        uint32_t* error);
+uint32_t RefreshMemTwoStageTriggerTiming(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+// Code 145 with a sub-code index, nothing cached.
+uint32_t RefreshMemRecordedFramesPerTrigger(uint32_t deviceNo, uint32_t childNo, uint32_t index, uint32_t* value,
+                                            uint32_t* error);
+// The frame range of the recording: recordedFrames, eventFrame and its count,
+// triggerFrame and its count, frameStart to frameTwoStageTiming, computed
+// from the memory trigger words; the 72-byte image goes to record when it is
+// not null.
+uint32_t RefreshMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRecord* record, uint32_t* error);
+// The same from a stored partition through the memory-mode entries. For the
+// partition in force (memoryModePartition) the head's record is updated too;
+// for another partition only `record` is filled. noEventLists skips the
+// event lists and codes 43 and 84.
+uint32_t RefreshMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo, uint32_t partition, uint32_t noEventLists,
+                                 MemFrameInfoRecord* record, uint32_t* error);
+// Resolution of a stored partition (memory-mode code 3), nothing cached.
+uint32_t RefreshMemModeResolution(uint32_t deviceNo, uint32_t childNo, uint32_t partition, uint32_t* width,
+                                  uint32_t* height, uint32_t* error);
 
 }  // namespace vmc

@@ -552,6 +552,21 @@ typedef struct ChildRecord {
     uint32_t memInfoWord;                        /* 5060: stored by the memory-information load, read by nobody */
 } ChildRecord;
 
+/* The frame range of a recording, as VMC_ReqMemFrameInfo and
+   VMC_GetMemFrameInfo copy it: the 72 bytes of a ChildRecord from frameStart
+   to recordedFrames. */
+typedef struct MemFrameInfoRecord {
+    int32_t frameStart;          /* first valid frame number */
+    int32_t frameEnd;            /* last valid frame number */
+    uint32_t frameTrigger;       /* 0 when frame 0 exists, 1 when it does not */
+    uint32_t frameTwoStage1;     /* first value of code 43 in the two-stage modes; else the child number */
+    uint32_t frameTwoStage2;     /* second value of code 43 in the two-stage modes; else the after-frames */
+    uint32_t frameTwoStageTiming; /* code 84, 0 when refused */
+    int32_t eventFrame[10];      /* event frame numbers */
+    uint32_t eventFrameCount;    /* how many of them are valid */
+    uint32_t recordedFrames;     /* stored frames */
+} MemFrameInfoRecord;
+
 #pragma pack(pop)
 
 /* The memory view of a child: the part of a ChildRecord from this offset on. */
@@ -564,9 +579,6 @@ VMC_API uint32_t VMC_GetNumberOfDevice(uint32_t* count, uint32_t* error);
 VMC_API uint32_t VMC_GetInitialError(uint32_t deviceNo, uint32_t index, uint32_t* value1, uint32_t* value2, uint32_t* error);
 VMC_API uint32_t VMC_GetLastError(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
 VMC_API uint32_t VMC_SetInstructionSet(uint32_t deviceNo, uint32_t mode, uint32_t* error);
-VMC_API uint32_t VMC_GetInstructionSet(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-
-VMC_API uint32_t VMC_ReqInstructionSet(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 
 /* Instruction-set modes for VMC_SetInstructionSet. */
 #define VMC_INSTRUCTION_FEATURE_A  0x00000001u
@@ -596,10 +608,6 @@ VMC_API uint32_t VMC_GetHeadTypeNameA(uint32_t deviceNo, uint32_t childNo, uint3
                                       uint32_t* error);
 VMC_API uint32_t VMC_GetHeadTypeNameW(uint32_t deviceNo, uint32_t childNo, uint32_t headType, wchar_t* name,
                                       uint32_t* error);
-
-VMC_API uint32_t VMC_ReqDeviceID(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_ReqChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_ReqMaxChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 
 /* ---- Records ---------------------------------------------------------- */
 
@@ -642,12 +650,6 @@ VMC_API uint32_t VMC_GetEthernetInfo(uint32_t deviceNo, uint32_t index, uint32_t
 VMC_API uint32_t VMC_SetEthernetInfo(uint32_t deviceNo, uint32_t index, uint32_t value, uint32_t* error);
 VMC_API uint32_t VMC_GetConnectedEthernetInfo(uint32_t deviceNo, uint32_t index, uint32_t* value,
                                               uint32_t* error);
-
-VMC_API uint32_t VMC_GetLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_GetEthernetSpeedLimit(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_GetPacketIntervalMode(uint32_t deviceNo, uint32_t index, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-VMC_API uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index, uint32_t* value, uint32_t* error);
 
 /* ---- Device state: reads, requests, availability, lists, polling ----- */
 

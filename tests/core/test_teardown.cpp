@@ -31,6 +31,9 @@ TEST(Teardown, UnloadingTheLibraryClosesOpenDevices) {
     FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_TRIGGER_MODE, 0, 0, 0, 1);
     FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_TRIGGER_RANDOM, 0, 0, 0, 1);
     FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_DEVICE_ID, 0, 1, 0, 1);
+    for (uint32_t code : {VMC_CODE_RECORD_RATE, VMC_CODE_RESOLUTION, VMC_CODE_SHUTTER_SPEED_FPS, VMC_CODE_MAX_FRAMES,
+                          VMC_CODE_MAX_RESOLUTION})
+        FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", FAKE_ANY, code, 0, 1, 0, 1);  // what a head must answer
     const uint32_t heads[] = {1};
     FAKE_SetList("DMOD016", "DEV_GetList", 0, VMC_LIST_EXIST_CHILD_DEVICE, 0, heads, 1, 1);
 

@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -38,9 +40,10 @@ protected:
                    Quote(VMC_TOOL) + " " + arguments);
     }
 
-    // Runs the tool on the default virtual cameras.
-    Outcome VirtualVmc(const std::string& arguments) {
-        return Run("env -u VMC_VIRTUAL_CAMERAS VMC_MODULE_PATH=" + Quote(VMC_MODULE_DIR) + " " + Quote(VMC_TOOL) + " " +
+    // Runs the tool on the virtual cameras: the default ones, or those of a profile file.
+    Outcome VirtualVmc(const std::string& arguments, const std::string& profile = "") {
+        const std::string cameras = profile.empty() ? "-u VMC_VIRTUAL_CAMERAS" : "VMC_VIRTUAL_CAMERAS=" + Quote(profile);
+        return Run("env " + cameras + " VMC_MODULE_PATH=" + Quote(VMC_MODULE_DIR) + " " + Quote(VMC_TOOL) + " " +
                    arguments);
     }
 
@@ -58,9 +61,22 @@ protected:
         return run;
     }
 
-    std::string Script(const std::string& lines) {
-        const std::string path = folder_.path() + "/cameras.fake";
-        std::ofstream(path) << lines;
+    std::string Script(const std::string& lines) { return File("cameras.fake", lines); }
+
+    // The demo set-up with what an open asks of every head: rate, resolution,
+    // shutter, maximum frames and maximum resolution.
+    std::string DemoWithHeads() {
+        return Script(ReadText(VMC_DEMO_SCRIPT) +
+                      "answer * DEV_GetDeviceCaps * 2 0    1000 0         1\n"
+                      "answer * DEV_GetDeviceCaps * 3 0    0x04000200 0   1\n"
+                      "answer * DEV_GetDeviceCaps * 4 0    2000 0         1\n"
+                      "answer * DEV_GetDeviceCaps * 33 0   5000 2         1\n"
+                      "answer * DEV_GetDeviceCaps * 47 0   0x04000400 0   1\n");
+    }
+
+    std::string File(const std::string& name, const std::string& text) {
+        const std::string path = folder_.path() + "/" + name;
+        std::ofstream(path) << text;
         return path;
     }
 
@@ -115,40 +131,83 @@ TEST_F(VmcTool, NoCameraIsNotAFailure) {
 // ---- info --------------------------------------------------------------------
 
 TEST_F(VmcTool, InfoDescribesTheCameraAndItsHeads) {
-    const Outcome first = Vmc("info");
+    const Outcome first = Vmc("info", DemoWithHeads());
     EXPECT_EQ(0, first.exitCode) << first.err;
     EXPECT_EQ(0u, first.out.rfind("camera 0: Monochrome 1024\n", 0)) << first.out;
     EXPECT_NE(std::string::npos, first.out.find("head 1: Head 1\n")) << first.out;
 
-    const Outcome second = Vmc("info --device 1");
+    const Outcome second = Vmc("info --device 1", DemoWithHeads());
     EXPECT_EQ(0, second.exitCode) << second.err;
-    for (const char* line : {"camera 1: Colour two-head\n", "device code", " 258\n", " 1002\n", " 2 of at most 2\n",
-                             " 0x01000000 (centre), 100 frames after the trigger\n", "head 1: Left head\n",
-                             "head 2: Right head\n"})
+    for (const char* line : {"camera 1: Colour two-head\n", "  identity\n", "device code", " 258\n", " 1002\n",
+                             " 0x01000000 (centre)\n", "head 1: Left head\n", "head 2: Right head\n",
+                             "1000 fps\n", " 1024 x 512\n", "  ranges\n", " 1024 x 1024\n", "  functions\n"})
         EXPECT_NE(std::string::npos, second.out.find(line)) << "missing: " << line << "\n" << second.out;
+    // Rows of nothing stay out of the text: the scripted camera has no IRIG, and no serial number.
+    for (const char* absent : {"IRIG mode", "serial number", "memory record rate"})
+        EXPECT_EQ(std::string::npos, second.out.find(absent)) << absent << "\n" << second.out;
 }
 
-TEST_F(VmcTool, InfoAsJson) {
-    const Outcome run = Vmc("info --device 1 --json");
+TEST_F(VmcTool, InfoAsJsonHasEveryFieldUnderStableKeys) {
+    const Outcome run = Vmc("info --device 1 --json", DemoWithHeads());
     ASSERT_EQ(0, run.exitCode) << run.err;
     const nlohmann::json camera = nlohmann::json::parse(run.out);
-    EXPECT_EQ("Colour two-head", camera["name"]);
+    EXPECT_EQ(1, camera["index"]);
+    EXPECT_EQ("virtual", camera["interface"]);
+    EXPECT_EQ("Colour two-head", camera["deviceName"]);
     EXPECT_EQ(258, camera["deviceCode"]);
     EXPECT_EQ(1002, camera["deviceId"]);
-    EXPECT_EQ("virtual", camera["interface"]);
-    EXPECT_EQ(2, camera["headCount"]);
-    EXPECT_EQ(2, camera["maxHeads"]);
-    EXPECT_EQ(0x1000000, camera["triggerMode"]["value"]);
-    EXPECT_EQ("centre", camera["triggerMode"]["name"]);
-    EXPECT_EQ(100, camera["triggerMode"]["afterFrames"]);
-    for (const char* key : {"productId", "lotId", "individualId", "version", "serialNumber"})
-        EXPECT_TRUE(camera.contains(key)) << key;
+    EXPECT_EQ(2, camera["childDeviceCount"]);
+    EXPECT_EQ(2, camera["maxChildDeviceCount"]);
+    EXPECT_EQ(0x1000000, camera["triggerMode"]);
+    EXPECT_EQ(100, camera["triggerAfterFrames"]);
+    // Every field is there, filled or not: an absent serial number is null, an array is an array.
+    EXPECT_TRUE(camera["serialNumber"].is_null());
+    EXPECT_EQ(4u, camera["externalInMode"].size());
+    EXPECT_EQ(0, camera["irigMode"]);
+    // A list the camera does not keep is null; a function it lacks is false.
+    EXPECT_TRUE(camera["ranges"]["triggerModes"].is_null());
+    EXPECT_EQ(false, camera["functions"]["irig"]);
+    EXPECT_FALSE(camera["functions"].contains("sensorGain")) << "a head's function has no device case";
+
     ASSERT_EQ(2u, camera["heads"].size());
-    EXPECT_EQ(1, camera["heads"][0]["number"]);
-    EXPECT_EQ("Left head", camera["heads"][0]["name"]);
-    EXPECT_EQ("Right head", camera["heads"][1]["name"]);
-    for (const char* key : {"width", "height", "recordRate", "shutterFps", "maxFrames", "bitDepth", "colorType"})
-        EXPECT_TRUE(camera["heads"][1].contains(key)) << key;
+    const nlohmann::json& head = camera["heads"][1];
+    EXPECT_EQ(2, head["number"]);
+    EXPECT_EQ("Right head", head["childName"]);
+    EXPECT_EQ(1000, head["recordRate"]);
+    EXPECT_EQ(1024, head["width"]);
+    EXPECT_EQ(512, head["height"]);
+    EXPECT_EQ(2000, head["shutterFps"]);
+    EXPECT_EQ(1024, head["ranges"]["maxWidth"]);
+    EXPECT_EQ(1024, head["ranges"]["maxHeight"]);
+    EXPECT_EQ(5000, head["ranges"]["maxFrames"]);
+    EXPECT_EQ(false, head["functions"]["sensorGain"]);
+    EXPECT_FALSE(head.contains("maxWidth")) << "ranges live under \"ranges\"";
+}
+
+// ---- status ------------------------------------------------------------------
+
+TEST_F(VmcTool, AFailedPollNamesTheErrorAndWatchingGoesOn) {
+    // The scripted heads do not answer their colour type (code 11): the open
+    // passes over it, the poll may not.
+    const Outcome once = Vmc("status --device 1", DemoWithHeads());
+    EXPECT_EQ(1, once.exitCode);
+    EXPECT_EQ("vmc: polling camera 1 failed: error 21 (VMC_ERR_NOT_SUPPORTED): the camera or its module has not got "
+              "this function\n",
+              once.err);
+
+    const Outcome watched = Vmc("status --device 1 --watch --count 2 --interval 10 --json", DemoWithHeads());
+    EXPECT_EQ(1, watched.exitCode);
+    EXPECT_EQ(2, std::count(watched.err.begin(), watched.err.end(), '\n')) << watched.err;
+    std::istringstream lines(watched.out);
+    int polls = 0;
+    for (std::string line; std::getline(lines, line); ++polls) {
+        const nlohmann::json poll = nlohmann::json::parse(line);
+        EXPECT_EQ(polls + 1, poll["poll"]);
+        EXPECT_EQ(false, poll["ok"]);
+        EXPECT_EQ(21, poll["error"]["code"]);
+        EXPECT_EQ("VMC_ERR_NOT_SUPPORTED", poll["error"]["name"]);
+    }
+    EXPECT_EQ(2, polls) << watched.out;
 }
 
 // ---- problems ----------------------------------------------------------------
@@ -157,7 +216,9 @@ TEST_F(VmcTool, ABadCommandLineIsOneLine) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "subcommand"},
         {"detect --bogus", "--bogus"},
-        {"explode", "no command \"explode\": the commands are detect and info"},
+        {"explode", "no command \"explode\": the commands are detect, info and status"},
+        {"status --count 3", "--watch"},
+        {"status --watch --interval 0", "--interval"},
         {"detect --interface pcix", "pcix"},
         {"info --device minus", "--device"},
         {"detect --interface ether", "--address"},
@@ -202,9 +263,11 @@ TEST_F(VmcTool, AnOpenUndoneByTheLibraryIsExplained) {
 }
 
 TEST_F(VmcTool, ACameraNumberBeyondTheDetection) {
-    const Outcome run = Vmc("info --device 5");
-    EXPECT_EQ(1, run.exitCode);
-    ExpectOneLineProblem(run, "there is no camera 5: the virtual link has 2 cameras, numbers 0 to 1");
+    for (const char* command : {"info", "status"}) {
+        const Outcome run = Vmc(std::string(command) + " --device 5");
+        EXPECT_EQ(1, run.exitCode);
+        ExpectOneLineProblem(run, "there is no camera 5: the virtual link has 2 cameras, numbers 0 to 1");
+    }
 }
 
 // ---- the default virtual cameras ---------------------------------------------
@@ -214,12 +277,123 @@ TEST_F(VmcTool, TheDefaultVirtualCameras) {
     EXPECT_EQ(0, detect.exitCode) << detect.err;
     EXPECT_NE(std::string::npos, detect.out.find("code 258")) << detect.out;
     EXPECT_NE(std::string::npos, detect.out.find("code 260")) << detect.out;
+}
 
-    const Outcome info = VirtualVmc("info --device 1 --json");
-    ASSERT_EQ(0, info.exitCode) << info.err;
-    const auto json = nlohmann::json::parse(info.out);
-    EXPECT_EQ(260, json["deviceCode"]);
-    EXPECT_EQ(2u, json["heads"].size());
+// The model vmc info gives agrees with the profiles of docs/virtual-camera.md.
+TEST_F(VmcTool, InfoOfTheDefaultVirtualCamerasAgreesWithTheirProfiles) {
+    struct Expected {
+        const char* device;
+        uint32_t code;
+        const char* name;
+        uint32_t serial;
+        std::vector<std::string> heads;
+        uint32_t width, height, fullResolutionRate;
+        size_t rates;
+    };
+    const Expected cameras[] = {
+        {"0", 258, "VC-M1024 Mono", 2580001, {"M1024 head"}, 1024, 1024, 20000, 15},
+        {"1", 260, "VC-C1280 Colour Twin", 2600001, {"C1280 head 1", "C1280 head 2"}, 1280, 800, 10000, 14},
+    };
+    for (const Expected& expected : cameras) {
+        SCOPED_TRACE(expected.name);
+        const Outcome run = VirtualVmc(std::string("info --json --device ") + expected.device);
+        ASSERT_EQ(0, run.exitCode) << run.err;
+        const nlohmann::json camera = nlohmann::json::parse(run.out);
+        EXPECT_EQ(expected.code, camera["deviceCode"]);
+        EXPECT_EQ(expected.name, camera["deviceName"]);
+        EXPECT_EQ(expected.serial, camera["serialNumber"]);
+        EXPECT_EQ(expected.heads.size(), camera["childDeviceCount"]);
+        EXPECT_EQ(15u, camera["ranges"]["triggerModes"].size());
+        // Present by default: IRIG, partitions, burst and read-ahead transfer; absent: MCDL, low light.
+        for (const char* key : {"irig", "partitionIncMode", "burstTransfer", "readAheadTransfer"})
+            EXPECT_EQ(true, camera["functions"][key]) << key;
+        for (const char* key : {"mcdl", "lowLightMode", "adc", "headExchange"})
+            EXPECT_EQ(false, camera["functions"][key]) << key;
+
+        ASSERT_EQ(expected.heads.size(), camera["heads"].size());
+        for (size_t i = 0; i < expected.heads.size(); ++i) {
+            const nlohmann::json& head = camera["heads"][i];
+            const nlohmann::json& ranges = head["ranges"];
+            EXPECT_EQ(expected.heads[i], head["childName"]);
+            EXPECT_EQ(expected.width, ranges["maxWidth"]);
+            EXPECT_EQ(expected.height, ranges["maxHeight"]);
+            EXPECT_EQ(expected.fullResolutionRate, ranges["maxFullResoRate"]);
+            EXPECT_EQ(12, ranges["maxBitDepth"]);
+            EXPECT_EQ(expected.rates, ranges["recordRates"].size());
+            EXPECT_EQ(50, ranges["recordRates"][0]);
+            // The resolutions offered at the current rate start with the whole sensor.
+            ASSERT_FALSE(ranges["resolutions"].empty());
+            EXPECT_EQ(expected.width, ranges["resolutions"][0]["width"]);
+            EXPECT_EQ(expected.height, ranges["resolutions"][0]["height"]);
+            EXPECT_FALSE(ranges["shutterSpeedsFps"].empty());
+            EXPECT_GT(ranges["maxFrames"].get<uint64_t>(), 0u);
+            for (const char* key : {"sensorGain", "shading"}) EXPECT_EQ(true, head["functions"][key]) << key;
+            for (const char* key : {"lut", "edgeEnhance", "pixelGain", "colorTemp", "autoExposure"})
+                EXPECT_EQ(false, head["functions"][key]) << key;
+            EXPECT_FALSE(ranges["sensorGainModes"].empty());
+            EXPECT_TRUE(ranges["lutModes"].is_null()) << "not asked of a head without look-up tables";
+        }
+    }
+}
+
+TEST_F(VmcTool, AFeatureTheProfileTakesAwayIsAFunctionTheCameraCannot) {
+    const std::string profile = File("cameras.json", R"({"cameras": [{"base": "mono", "deviceId": 9,
+        "features": {"irig": false, "lut": true}}]})");
+    const Outcome run = VirtualVmc("info --json", profile);
+    ASSERT_EQ(0, run.exitCode) << run.err;
+    const nlohmann::json camera = nlohmann::json::parse(run.out);
+    EXPECT_EQ(false, camera["functions"]["irig"]);
+    EXPECT_EQ(false, camera["functions"]["irigSampleMode"]);
+    EXPECT_EQ(true, camera["heads"][0]["functions"]["lut"]);
+    EXPECT_EQ(4u, camera["heads"][0]["ranges"]["lutModes"].size());
+
+    const Outcome text = VirtualVmc("info", profile);
+    ASSERT_EQ(0, text.exitCode) << text.err;
+    const size_t can = text.out.find("    can ");
+    const size_t cannot = text.out.find("    cannot ");
+    ASSERT_NE(std::string::npos, can) << text.out;
+    ASSERT_NE(std::string::npos, cannot) << text.out;
+    EXPECT_NE(std::string::npos, text.out.find("IRIG time input", cannot)) << text.out;
+    EXPECT_NE(std::string::npos, text.out.find("look-up tables", text.out.find("head 1:"))) << text.out;
+    EXPECT_NE(std::string::npos, text.out.find("look-up table ")) << "the head's mode is shown\n" << text.out;
+}
+
+TEST_F(VmcTool, StatusRightAfterOpenChangesNothing) {
+    const Outcome once = VirtualVmc("status --device 1");
+    EXPECT_EQ(0, once.exitCode) << once.err;
+    EXPECT_EQ("no change\n", once.out);
+    EXPECT_EQ("", once.err);
+
+    const Outcome watched = VirtualVmc("status --watch --count 2 --interval 10");
+    EXPECT_EQ(0, watched.exitCode) << watched.err;
+    std::istringstream lines(watched.out);
+    int polls = 0;
+    for (std::string line; std::getline(lines, line); ++polls)
+        EXPECT_TRUE(std::regex_match(line, std::regex(R"(\d\d:\d\d:\d\d\.\d{3}  no change)"))) << line;
+    EXPECT_EQ(2, polls) << watched.out;
+
+    const Outcome json = VirtualVmc("status --json");
+    ASSERT_EQ(0, json.exitCode) << json.err;
+    const nlohmann::json poll = nlohmann::json::parse(json.out);
+    EXPECT_EQ(true, poll["ok"]);
+    EXPECT_EQ(nlohmann::json::array(), poll["changes"]);
+    EXPECT_FALSE(poll.contains("error"));
+}
+
+TEST_F(VmcTool, AnInterruptedWatchClosesTheCameraAndEndsCleanly) {
+    // Interrupt once the first poll is out (the handler is in place by then); a
+    // watch that ignored the signal would be killed after 20 s and fail.
+    const std::string out = File("watch.out", "");
+    const std::string script =
+        "env -u VMC_VIRTUAL_CAMERAS VMC_MODULE_PATH=" + Quote(VMC_MODULE_DIR) + " " + Quote(VMC_TOOL) +
+        " status --watch --interval 20 >" + Quote(out) + " & pid=$!; i=0; "
+        "while [ ! -s " + Quote(out) + " ] && [ $i -lt 400 ]; do sleep 0.05; i=$((i+1)); done; "
+        "kill -INT $pid; (sleep 20; kill -KILL $pid) >/dev/null 2>&1 & killer=$!; "
+        "wait $pid; code=$?; kill $killer 2>/dev/null; exit $code";
+    const Outcome run = Run("{ " + script + "; }");
+    EXPECT_EQ(0, run.exitCode) << run.err;
+    EXPECT_NE(std::string::npos, ReadText(out).find("no change\n"));
+    EXPECT_EQ("", run.err);
 }
 
 }  // namespace

@@ -1,129 +1,91 @@
-// vmc info: what the library knows about one camera, from its records.
+// vmc info: the whole model the library keeps of one camera and its heads:
+// the settings of the records, the ranges the camera offers now, and what
+// it can and cannot do.
 //
-// Each field goes into the JSON object always and into the text when it
-// holds something: records fill in as the library and the camera grow, and
-// a person reading the text wants what is there, not rows of zeros.
+// The JSON holds every field, list and function always, under stable keys;
+// the text shows what is there: a field when the camera has its function
+// (or, for fields without one, when it holds something), a list the camera
+// answered. A head's text lists only the functions that are its own or that
+// differ from the camera's; the JSON has them all.
 #include <cstdio>
-#include <cstring>
+#include <span>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "camera_records.h"
 #include "commands.h"
-#include "errors.h"
+#include "functions.h"
 #include "links.h"
-#include "trigger_modes.h"
+#include "ranges.h"
+#include "record_fields.h"
+#include "text_report.h"
 
 namespace vmctool {
 namespace {
 
-constexpr uint64_t kNoAnswer = ~0ull;  // a serial number the camera did not give
+constexpr char kRanges[] = "ranges";
 
-class Report {
-public:
-    // A field every camera has: shown even when 0.
-    void Always(const char* key, const char* label, const nlohmann::json& value, const std::string& text) {
-        json_[key] = value;
-        rows_.push_back({label, text});
-    }
-    void Always(const char* key, const char* label, uint64_t value) {
-        Always(key, label, value, std::to_string(value));
-    }
-    // A field shown when filled.
-    void Filled(const char* key, const char* label, uint64_t value, const std::string& text) {
-        json_[key] = value;
-        if (value) rows_.push_back({label, text});
-    }
-    void Filled(const char* key, const char* label, uint64_t value) {
-        Filled(key, label, value, std::to_string(value));
-    }
-    void Size(const char* widthKey, const char* heightKey, const char* label, uint32_t width, uint32_t height) {
-        json_[widthKey] = width;
-        json_[heightKey] = height;
-        if (width && height) rows_.push_back({label, std::to_string(width) + " x " + std::to_string(height)});
-    }
-    void Serial(uint64_t serial) {
-        json_["serialNumber"] = serial == kNoAnswer ? nlohmann::json() : nlohmann::json(serial);
-        if (serial && serial != kNoAnswer) rows_.push_back({"serial number", std::to_string(serial)});
-    }
-    void Json(const char* key, const nlohmann::json& value) { json_[key] = value; }
-
-    const nlohmann::json& json() const { return json_; }
-    void Print() const {
-        for (const Row& row : rows_) std::printf("  %-22s %s\n", row.label.c_str(), row.text.c_str());
-    }
-
-private:
-    struct Row {
-        std::string label, text;
-    };
-    nlohmann::json json_ = nlohmann::json::object();
-    std::vector<Row> rows_;
+struct Model {
+    std::vector<ListAnswer> lists;
+    std::vector<FunctionAnswer> functions;
 };
 
-// A name field of a record: zero-terminated within its 256 bytes.
-std::string Name(const char (&field)[VMC_NAME_SIZE]) { return std::string(field, strnlen(field, sizeof field)); }
-
 // Names come from camera modules and need not be UTF-8: the JSON text replaces what isn't.
-std::string Dump(const nlohmann::json& value) { return value.dump(2, ' ', false, nlohmann::json::error_handler_t::replace); }
-
-std::string Hex(uint32_t value) {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08X", value);
-    return text;
+std::string Dump(const nlohmann::ordered_json& value) {
+    return value.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-Report DeviceReport(const DeviceRecord& record, uint32_t index) {
-    Report report;
-    report.Json("index", index);
-    report.Json("name", Name(record.deviceName));
-    report.Always("deviceCode", "device code", record.deviceCode);
-    if (IsAddressed(record.interfaceCode))
-        report.Always("deviceId", "address", record.deviceId, FormatIPv4(record.deviceId));
-    else
-        report.Always("deviceId", "device id", record.deviceId);
-    report.Always("interface", "link", LinkName(record.interfaceCode), LinkName(record.interfaceCode));
-    report.Always("productId", "product id", record.productId);
-    report.Always("lotId", "lot id", record.lotId);
-    report.Always("individualId", "individual id", record.individualId);
-    report.Always("version", "version", record.version);
-    report.Serial(record.serialNumber);
-    report.Json("headCount", record.childDeviceCount);
-    report.Always("maxHeads", "heads", record.maxChildDeviceCount,
-                  std::to_string(record.childDeviceCount) + " of at most " +
-                      std::to_string(record.maxChildDeviceCount));
-    const std::string mode = TriggerModeName(record.triggerMode);
-    report.Always("triggerMode", "trigger mode",
-                  {{"value", record.triggerMode}, {"name", mode}, {"afterFrames", record.triggerAfterFrames}},
-                  Hex(record.triggerMode) + " (" + mode + "), " + std::to_string(record.triggerAfterFrames) +
-                      " frames after the trigger");
-    return report;
+nlohmann::ordered_json ListJson(const ListAnswer& list) {
+    if (!list.answered) return nullptr;
+    nlohmann::ordered_json values = nlohmann::ordered_json::array();
+    for (uint32_t value : list.values) {
+        if (list.format == Format::kSize)
+            values.push_back({{"width", value >> 16}, {"height", value & 0xFFFF}});
+        else
+            values.push_back(value);
+    }
+    return values;
 }
 
-Report HeadReport(const ChildRecord& child, uint32_t number) {
-    Report report;
-    report.Json("number", number);
-    report.Json("name", Name(child.childName));
-    report.Size("width", "height", "resolution", child.width, child.height);
-    report.Size("maxWidth", "maxHeight", "largest resolution", child.maxWidth, child.maxHeight);
-    report.Filled("recordRate", "record rate", child.recordRate, std::to_string(child.recordRate) + " fps");
-    report.Filled("maxFullResolutionRate", "full resolution up to", child.maxFullResoRate,
-                  std::to_string(child.maxFullResoRate) + " fps");
-    report.Filled("shutterFps", "shutter", child.shutterFps, "1/" + std::to_string(child.shutterFps) + " s");
-    report.Filled("shutterUsec", "shutter", child.shutterUsec, std::to_string(child.shutterUsec) + " µs");
-    report.Filled("shutterNsec", "shutter", child.shutterNsec, std::to_string(child.shutterNsec) + " ns");
-    report.Filled("maxFrames", "frames in memory", child.maxFrames);
-    report.Filled("maxPartitions", "partitions at most", child.maxPartition);
-    report.Filled("bitDepth", "bit depth", child.bitDepth);
-    report.Filled("maxBitDepth", "largest bit depth", child.maxBitDepth);
-    report.Filled("colorType", "colour type", child.colorType);
-    report.Filled("productId", "product id", child.productId);
-    report.Filled("lotId", "lot id", child.lotId);
-    report.Filled("individualId", "individual id", child.individualId);
-    report.Filled("version", "version", child.version);
-    report.Serial(child.serialNumber);
-    return report;
+nlohmann::ordered_json ModelJson(std::span<const FieldRow> fields, const void* record, const Model& model) {
+    nlohmann::ordered_json result = nlohmann::ordered_json::object();
+    nlohmann::ordered_json ranges = nlohmann::ordered_json::object();
+    for (const FieldRow& row : fields) {
+        nlohmann::ordered_json& target = std::string(row.group) == kRanges ? ranges : result;
+        target[row.first.key] = Json(row, row.first, record);
+        if (row.second.key) target[row.second.key] = Json(row, row.second, record);
+    }
+    for (const ListAnswer& list : model.lists) ranges[list.key] = ListJson(list);
+    nlohmann::ordered_json functions = nlohmann::ordered_json::object();
+    for (const FunctionAnswer& function : model.functions) functions[function.key] = function.present;
+    result[kRanges] = ranges;
+    result["functions"] = functions;
+    return result;
+}
+
+// `shared`: the camera's own answers, to leave out of a head's text what the head merely repeats.
+void AddModelText(TextReport* report, std::span<const FieldRow> fields, const void* record, const Model& model,
+                  const std::vector<FunctionAnswer>* shared) {
+    for (const FieldRow& row : fields)  // the name heads the text, not a row of it
+        if (row.format != Format::kName && IsShown(row, record)) report->Add(row.group, row.label, Text(row, record));
+    for (const ListAnswer& list : model.lists) {
+        if (!list.answered || list.values.empty()) continue;
+        std::vector<std::string> items;
+        for (uint32_t value : list.values) items.push_back(FormatValue(list.format, value));
+        report->Add(kRanges, list.label, JoinList(items));
+    }
+    std::vector<std::string> can, cannot;
+    for (const FunctionAnswer& function : model.functions) {
+        bool repeated = false;
+        if (shared)
+            for (const FunctionAnswer& camera : *shared)
+                repeated |= camera.index == function.index && camera.present == function.present;
+        if (!repeated) (function.present ? can : cannot).push_back(function.label);
+    }
+    if (!can.empty()) report->Add("functions", "can", JoinAll(can));
+    if (!cannot.empty()) report->Add("functions", "cannot", JoinAll(cannot));
 }
 
 }  // namespace
@@ -131,32 +93,35 @@ Report HeadReport(const ChildRecord& child, uint32_t number) {
 int RunInfo(const LinkOptions& link, uint32_t index, bool json) {
     const Detection detection = Detect(link);
     const OpenCamera camera(detection, index);
+    const CameraRecords records = ReadRecords(camera.deviceNo(), index);
 
-    // The records are large; one of each is enough for a command.
-    static DeviceRecord record;
-    static ChildRecord child;
-    uint32_t error = 0;
-    if (!VMC_GetDeviceInfo(camera.deviceNo(), &record, &error))
-        throw Failure("reading the record of camera " + std::to_string(index) + " failed: " + ExplainError(error));
-
-    Report device = DeviceReport(record, index);
-    std::vector<Report> heads;
-    for (uint32_t number = 1; number <= record.maxChildDeviceCount && number <= VMC_MAX_CHILDREN; ++number)
-        if (VMC_GetChildInfo(camera.deviceNo(), number, &child, &error)) heads.push_back(HeadReport(child, number));
+    const Model device{AskDeviceLists(camera.deviceNo(), records.device), AskFunctions(camera.deviceNo(), 0)};
+    std::vector<Model> heads;
+    for (const HeadRecord& head : records.heads)
+        heads.push_back({AskHeadLists(camera.deviceNo(), head.number, head.record),
+                         AskFunctions(camera.deviceNo(), head.number)});
 
     if (json) {
-        nlohmann::json result = device.json();
-        result["heads"] = nlohmann::json::array();
-        for (const Report& head : heads) result["heads"].push_back(head.json());
+        nlohmann::ordered_json result = {{"index", index}, {"interface", LinkName(records.device.interfaceCode)}};
+        result.update(ModelJson(DeviceFields(), &records.device, device));
+        result["heads"] = nlohmann::ordered_json::array();
+        for (size_t i = 0; i < heads.size(); ++i) {
+            nlohmann::ordered_json head = {{"number", records.heads[i].number}};
+            head.update(ModelJson(ChildFields(), &records.heads[i].record, heads[i]));
+            result["heads"].push_back(head);
+        }
         std::printf("%s\n", Dump(result).c_str());
         return 0;
     }
-    std::printf("camera %u: %s\n", index, Name(record.deviceName).c_str());
-    device.Print();
-    for (const Report& head : heads) {
-        std::printf("head %u: %s\n", head.json()["number"].get<uint32_t>(),
-                    head.json()["name"].get<std::string>().c_str());
-        head.Print();
+
+    TextReport deviceText;
+    AddModelText(&deviceText, DeviceFields(), &records.device, device, nullptr);
+    deviceText.Print("camera " + std::to_string(index) + ": " + RecordName(records.device.deviceName));
+    for (size_t i = 0; i < heads.size(); ++i) {
+        const HeadRecord& head = records.heads[i];
+        TextReport headText;
+        AddModelText(&headText, ChildFields(), &head.record, heads[i], &device.functions);
+        headText.Print("head " + std::to_string(head.number) + ": " + RecordName(head.record.childName));
     }
     return 0;
 }
