@@ -31,6 +31,8 @@ void ScriptCamera() {
     FAKE_SetAnswer("DMOD026", "DEV_GetDeviceCaps", FAKE_ANY, 7, 0, 0, 0, 1);
     FAKE_SetAnswer("DMOD026", "DEV_GetDeviceCaps", 0, 12, 0, 1001, 0, 1);
     FAKE_SetAnswer("DMOD026", "DEV_GetDeviceCaps", 0, 23, 0, 300, 0, 1);
+    for (uint32_t code : {2u, 3u, 4u, 33u, 47u})  // what a head must say: rate, resolution, shutter, frames
+        FAKE_SetAnswer("DMOD026", "DEV_GetDeviceCaps", FAKE_ANY, code, 0, 1, 0, 1);
     const uint32_t heads[] = {1};
     FAKE_SetList("DMOD026", "DEV_GetList", 0, 19, 0, heads, 1, 1);
 }
