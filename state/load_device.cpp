@@ -677,10 +677,9 @@ bool ReadOutSignalSpans(DeviceLoad& load) {
 bool ReadFanAndMeasurements(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
-    bool answered = false;
-    if (!Ask(load, VMC_CODE_FAN_REC_READY_STOP, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    bool answered = RefreshFanRecReadyStop(load.deviceNo, &value, load.error);
+    if (!answered && !Tolerated(load)) return false;
     record.hasFanRecReadyStop = answered;
-    record.fanRecReadyStop = answered ? static_cast<uint32_t>(static_cast<int8_t>(value)) : 0;
     static constexpr DeviceProbe kProbes[] = {
         {VMC_CODE_MEASUREMENT_CURRENT, nullptr, nullptr, &R::hasMeasurementCurrent},
         {VMC_CODE_MEASUREMENT_VOLTAGE, nullptr, nullptr, &R::hasMeasurementVoltage},

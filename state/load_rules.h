@@ -73,10 +73,4 @@ bool RunProbes(uint32_t deviceNo, uint32_t child, Record& record, const Probe<Re
     return true;
 }
 
-// Sign-magnitude on 16 bits: bit 15 set means minus the lower 15 bits.
-inline int32_t SignMagnitude16(uint32_t half) {
-    const int32_t magnitude = static_cast<int32_t>(half & 0x7FFFu);
-    return (half & 0x8000u) ? -magnitude : magnitude;
-}
-
 }  // namespace vmc
