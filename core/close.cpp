@@ -15,7 +15,7 @@ void RecomputeGlobalLockRequired() {
     uint32_t required = 0;
     for (const DeviceRecord& record : state.deviceTable)
         if (InGlobalLockSet(record.deviceCode)) required = 1;
-    state.globalLockRequired = required;
+    state.globalLockRequired.store(required, std::memory_order_relaxed);
 }
 
 namespace {

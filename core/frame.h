@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <new>
 
+#include "core/fields.h"
 #include "core/library_state.h"
 
 #define VMC_EXPORT extern "C" VMC_API

@@ -108,7 +108,7 @@ VMC_EXPORT uint32_t VMC_SetInstructionSet(uint32_t deviceNo, uint32_t mode, uint
         if (!lock) return 0;
         const uint32_t selected = SelectInstructionSet(mode);
         if (!SetCaps(deviceNo, 0, VMC_CODE_INSTRUCTION_SET, 0, selected, 0, err)) return 0;
-        Record(deviceNo).instructionSet = selected;
+        StoreField(Record(deviceNo).instructionSet, selected);
         *err = VMC_ERR_OK;
         return 1;
     });

@@ -1,6 +1,7 @@
 // The process-wide state of the library: one instance, zero at load.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -9,6 +10,7 @@
 #include <vmc/vmc.h>
 
 #include "core/closed_modules.h"
+#include "core/fields.h"
 #include "platform/mutex.h"
 
 namespace vmc {
@@ -23,7 +25,9 @@ using DetectResult = DetectInfo;
 
 struct LibraryState {
     uint32_t initialised;
-    uint32_t globalLockRequired;  // a device of the global-lock set is open
+    // A device of the global-lock set is open. Written under tableMutex by
+    // open and close, read by every call that decides on the global lock.
+    std::atomic<uint32_t> globalLockRequired;
     uint32_t openDeviceCount;
     // 8-aligned, so that the 64-bit fields of every record are too and load whole.
     alignas(8) DeviceRecord deviceTable[kDeviceCount];
@@ -67,7 +71,7 @@ void FreeChildRecords(DeviceRecord& record);
 
 // The child record of child c (1-based), or null when absent.
 inline ChildRecord* Child(uint32_t deviceNo, uint32_t childNo) {
-    return state.deviceTable[deviceNo].childRecords[childNo - 1];
+    return LoadChild(state.deviceTable[deviceNo].childRecords[childNo - 1]);
 }
 
 }  // namespace vmc

@@ -76,7 +76,7 @@ void ReleaseGlobalLock() {
 
 ScopedLock ScopedLock::GlobalIfRequired(uint32_t* error, bool* ok) {
     *ok = true;
-    if (!state.globalLockRequired) return ScopedLock();
+    if (!state.globalLockRequired.load(std::memory_order_relaxed)) return ScopedLock();
     if (!TakeGlobalLock(error)) {
         *ok = false;
         return ScopedLock();

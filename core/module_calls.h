@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "core/fields.h"
 #include "core/library_state.h"
 
 namespace vmc {
@@ -31,9 +32,18 @@ uint32_t CallInterface(const InterfaceModule& module, Fn InterfaceModule::*entry
     return fn(args..., error);
 }
 
+// The module answers into words of the library's own, stored whole
+// afterwards (whatever the outcome, as if the module had written them): a
+// value pointer may be a cached field that a lock-free reader is loading.
 inline uint32_t GetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t* value1,
                         uint32_t* value2, uint32_t* error) {
-    return CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceCaps, error, child, code, sub, value1, value2);
+    uint32_t answer1 = value1 ? LoadField(*value1) : 0;
+    uint32_t answer2 = value2 ? LoadField(*value2) : 0;
+    const uint32_t result = CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceCaps, error, child, code, sub,
+                                       value1 ? &answer1 : nullptr, value2 ? &answer2 : nullptr);
+    if (value1) StoreField(*value1, answer1);
+    if (value2) StoreField(*value2, answer2);
+    return result;
 }
 
 inline uint32_t SetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value1,

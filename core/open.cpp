@@ -73,12 +73,12 @@ uint32_t OpenDevice(Variant variant, const OpenParam* param, uint32_t param1, ui
 
     DeviceRecord& record = Record(deviceNo);
     ++state.openDeviceCount;
-    record.moduleIndex = static_cast<uint32_t>(moduleIndex);
-    record.moduleHandle = handle;
-    record.deviceCode = param->deviceCode;
-    record.interfaceCode = param->interfaceCode;
+    StoreField(record.moduleIndex, static_cast<uint32_t>(moduleIndex));
+    StoreField(record.moduleHandle, handle);
+    StoreField(record.deviceCode, param->deviceCode);
+    StoreField(record.interfaceCode, param->interfaceCode);
     ++module.useCount;
-    record.deviceAddress = param->deviceId;
+    StoreField(record.deviceAddress, param->deviceId);
     ++link.openCount;
 
     const uint32_t packetMode = variant == Variant::Open2 ? param2 : 1;

@@ -56,9 +56,11 @@ void CloseMutex(MutexHandle mutex) {
         rc = 0;
     }
     if (rc == EBUSY) return;  // held elsewhere: leaking beats corrupting memory
-    if (rc == 0 || rc == EAGAIN) {  // EAGAIN: ours already, at the deepest level
-        while (pthread_mutex_unlock(mutex) == 0) {
-        }
+    if (rc == 0 || rc == EAGAIN) {
+        // Ours: the caller's levels plus the one just taken (none when the
+        // depth was already at its limit, EAGAIN). glibc keeps a recursive
+        // mutex's depth in __count; release exactly that many, never one more.
+        for (unsigned levels = mutex->__data.__count; levels > 0; --levels) pthread_mutex_unlock(mutex);
     }
     pthread_mutex_destroy(mutex);
     delete mutex;

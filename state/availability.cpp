@@ -54,9 +54,8 @@ static_assert(EveryIndexInOrder());
 #define FUNCTION(index, name, withChild, withDevice) static_assert(VMC_FUNCTION_##name == (index));
 #include "state/availability.def"
 
-// Some flags hold a value the camera reported; all are passed on as stored.
-// A relaxed load: VMC_EnableFunction may rewrite a flag while a reader runs.
-uint8_t LoadFlag(const uint8_t& flag) { return __atomic_load_n(&flag, __ATOMIC_RELAXED); }
+// Some flags hold a value the camera reported; all are passed on as stored,
+// each loaded whole: VMC_EnableFunction may rewrite a flag while a reader runs.
 
 struct StorageRow {
     int32_t indices[3];   // 0 ends a shorter row
@@ -133,8 +132,8 @@ VMC_EXPORT uint32_t VMC_EnableFunction(uint32_t deviceNo, uint32_t index, uint32
             for (uint32_t childNo = 1; childNo <= ChildSlots(record); ++childNo) {
                 ChildRecord* child = Child(deviceNo, childNo);
                 if (!child) continue;
-                child->shadingMode = mode;
-                __atomic_store_n(&child->hasShading, static_cast<uint8_t>(reported), __ATOMIC_RELAXED);
+                StoreField(child->shadingMode, mode);
+                StoreField(child->hasShading, reported);
             }
         }
         *err = VMC_ERR_OK;
@@ -148,7 +147,7 @@ VMC_EXPORT uint32_t VMC_DisableFunction(uint32_t deviceNo, uint32_t index, uint3
         if (index != VMC_FUNCTION_SHADING) return 1;
         for (uint32_t childNo = 1; childNo <= ChildSlots(Record(deviceNo)); ++childNo)
             if (ChildRecord* child = Child(deviceNo, childNo))
-                __atomic_store_n(&child->hasShading, uint8_t{0}, __ATOMIC_RELAXED);
+                StoreField(child->hasShading, 0);
         return 1;
     });
 }

@@ -21,13 +21,26 @@ static_assert(offsetof(ChildRecord, recordedFrames) - offsetof(ChildRecord, fram
 static_assert(offsetof(ChildRecord, eventFrame) - offsetof(ChildRecord, frameStart) ==
               offsetof(MemFrameInfoRecord, eventFrame));
 
+// The image is all 32-bit words, each loaded and stored whole: the cached
+// read of the frame info loads them without a lock.
+static_assert(sizeof(MemFrameInfoRecord) % 4 == 0 && offsetof(ChildRecord, frameStart) % 4 == 0);
+constexpr std::size_t kImageWords = sizeof(MemFrameInfoRecord) / 4;
+
 MemFrameInfoRecord ImageOf(const ChildRecord& child) {
+    uint32_t words[kImageWords];
+    const auto* fields = reinterpret_cast<const uint32_t*>(&child.frameStart);
+    for (std::size_t i = 0; i < kImageWords; ++i) words[i] = LoadField(fields[i]);
     MemFrameInfoRecord image;
-    std::memcpy(&image, &child.frameStart, sizeof image);
+    std::memcpy(&image, words, sizeof image);
     return image;
 }
 
-void Keep(ChildRecord& child, const MemFrameInfoRecord& image) { std::memcpy(&child.frameStart, &image, sizeof image); }
+void Keep(ChildRecord& child, const MemFrameInfoRecord& image) {
+    uint32_t words[kImageWords];
+    std::memcpy(words, &image, sizeof image);
+    auto* fields = reinterpret_cast<uint32_t*>(&child.frameStart);
+    for (std::size_t i = 0; i < kImageWords; ++i) StoreField(fields[i], words[i]);
+}
 
 constexpr uint32_t kEventSlots = 10;
 constexpr uint32_t kTriggerSlots = 1024;  // the head record's trigger-frame list
@@ -107,7 +120,7 @@ void ReadTriggerFrames(const Source& source, ChildRecord& child, uint32_t* error
     std::vector<uint32_t> buffer(VMC_MAX_LIST_ENTRIES);
     uint32_t count = 0;
     source.List(VMC_LIST_MEM_TRIGGER_FRAME, buffer.data(), &count, error);
-    child.triggerFrameCount = std::min({count, kTriggerSlots, static_cast<uint32_t>(buffer.size())});
+    StoreField(child.triggerFrameCount, std::min({count, kTriggerSlots, static_cast<uint32_t>(buffer.size())}));
     std::copy_n(buffer.begin(), child.triggerFrameCount, child.triggerFrame);
 }
 
@@ -197,7 +210,7 @@ uint32_t RefreshMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRe
     Reads reads;
     uint32_t second = 0;
     if (!source.Caps(VMC_CODE_RECORDED_FRAMES, &reads.recorded, &second, error)) return 0;
-    child.recordedFrames = reads.recorded;
+    StoreField(child.recordedFrames, reads.recorded);
     ReadEvents(source, zero, reads, error);
     ReadTriggerFrames(source, child, error);
 

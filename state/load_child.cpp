@@ -90,16 +90,16 @@ bool ReadRoiAndExposure(ChildLoad& load) {
     uint32_t width = 0, height = 0, x = 0, y = 0;
     bool answered = false;
     if (!Tolerant(load, RefreshResolutionROI, &answered, &width, &height)) return false;
-    child.hasResolutionROI = answered;
+    StoreField(child.hasResolutionROI, answered);
     if (!Tolerant(load, RefreshSegmentPosition, nullptr, &x, &y)) return false;
     if (!Probe1(load, {VMC_CODE_AUTO_EXPOSURE, &C::autoExposure, nullptr, &C::hasAutoExposure})) return false;
     // The device-wide flag follows the head loaded last.
-    load.device.hasAutoExposureCode294 = 0;
+    StoreField(load.device.hasAutoExposureCode294, 0);
     if (child.hasAutoExposure) {
         uint32_t value = 0;
         bool answered294 = false;
         Ask(load, VMC_CODE_AUTO_EXPOSURE_PROBE_294, &value, nullptr, Rule::Ignored, &answered294);
-        load.device.hasAutoExposureCode294 = answered294 && value != 0;
+        StoreField(load.device.hasAutoExposureCode294, answered294 && value != 0);
     }
     return true;
 }
@@ -123,13 +123,13 @@ bool ReadColorTemperature(ChildLoad& load) {
         return false;
     if (child.hasColorTemp) {
         uint32_t mode = 0, value1 = 0, value2 = 0, value3 = 0;
-        child.hasColorTemp = RefreshColorTempMode(load.deviceNo, load.childNo, &mode, &value1, &value2, &value3,
-                                                  load.error) != 0;
+        StoreField(child.hasColorTemp, RefreshColorTempMode(load.deviceNo, load.childNo, &mode, &value1, &value2, &value3,
+                                                  load.error) != 0);
     }
     uint32_t mode = 0, value1 = 0, value2 = 0, value3 = 0;
     bool answered = false;
     if (!Tolerant(load, RefreshSoftColorTempMode, &answered, &mode, &value1, &value2, &value3)) return false;
-    child.hasSoftColorTemp = answered;
+    StoreField(child.hasSoftColorTemp, answered);
     return true;
 }
 
@@ -145,8 +145,8 @@ bool ReadLutAndShutterModes(ChildLoad& load) {
         if (!Ask(load, VMC_CODE_DS_SHUTTER_VALUE, &child.dsShutterValue, nullptr, Rule::Tolerant, &answered))
             return false;
         if (!answered) {
-            child.dsShutterValue = 0;
-            child.hasDSShutter = 0;
+            StoreField(child.dsShutterValue, 0);
+            StoreField(child.hasDSShutter, 0);
         }
     }
     return true;
@@ -159,8 +159,8 @@ bool ReadShadingAndPixelGain(ChildLoad& load) {
         return false;
     bool answered = false;
     Ask(load, VMC_CODE_PIXEL_GAIN_MODE, &child.pixelGainMode, nullptr, Rule::Ignored, &answered);
-    child.hasPixelGain = answered;
-    if (!answered) child.pixelGainMode = 0;
+    StoreField(child.hasPixelGain, answered);
+    if (!answered) StoreField(child.pixelGainMode, 0);
     if (child.hasPixelGain && !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_SIZE, &child.pixelGainDataSize, nullptr, Rule::Tolerant))
         return false;
     if (load.device.hasPixelGainMagnification &&
@@ -182,10 +182,10 @@ bool ReadImageModes(ChildLoad& load) {
     const bool answered = GetCaps(load.deviceNo, load.childNo, VMC_CODE_BIT_DEPTH_2, 0, &depth, &depth2, load.error);
     // A module may leave its success code in the word of a refusal.
     if (!answered && !Tolerated(load) && *load.error != VMC_ERR_OK) return false;
-    child.hasBitDepth2 = answered;
+    StoreField(child.hasBitDepth2, answered);
     if (answered) {
-        child.bitDepth = depth;
-        child.bitDepth2 = depth2;
+        StoreField(child.bitDepth, depth);
+        StoreField(child.bitDepth2, depth2);
     }
     return Probe1(load, {VMC_CODE_MAX_FULL_RESO_RATE, &C::maxFullResoRate});
 }
@@ -228,13 +228,13 @@ bool ReadPolarization(ChildLoad& load) {
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_POLARIZATION, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    child.polarization = answered ? static_cast<uint8_t>(value) : 0;
+    StoreField(child.polarization, answered ? static_cast<uint8_t>(value) : 0);
     if (!answered || value == 0) return true;
     uint32_t config = 0;
     RefreshPolarizerConfig(load.deviceNo, load.childNo, &config, load.error);
     if (child.polarization == 1 &&
         SetCaps(load.deviceNo, load.childNo, VMC_CODE_PIXEL_DEFECT_MODE, 0, 0, 0, load.error))
-        child.pixelDefectMode = 0;
+        StoreField(child.pixelDefectMode, 0);
     return true;
 }
 
@@ -248,7 +248,7 @@ bool ReadCorrectionsAndLens(ChildLoad& load) {
     bool answered = false;
     uint32_t value = 0;
     if (!Ask(load, VMC_CODE_HEAD_LED_LASER, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    load.device.hasHeadLedLaser = answered;
+    StoreField(load.device.hasHeadLedLaser, answered);
     return Probe1(load, {VMC_CODE_LENS_CONTROL, &C::lensControl, nullptr, &C::hasLensControl});
 }
 
@@ -260,7 +260,7 @@ bool ReadChildName(ChildLoad& load) {
 bool ReadPartitions(ChildLoad& load) {
     ChildRecord& child = load.child;
     if (!Probe1(load, {VMC_CODE_MAX_PARTITION, &C::maxPartition, &C::maxPartitionBlocks})) return false;
-    load.device.hasPartition = child.maxPartitionBlocks != 0;
+    StoreField(load.device.hasPartition, child.maxPartitionBlocks != 0);
     uint32_t current = 0;
     if (!Probe1(load, {VMC_CODE_PARTITION_COUNT, &C::partitionCount}) ||
         !Tolerant(load, RefreshCurrentPartition, nullptr, &current) ||
@@ -274,9 +274,9 @@ bool ReadFrameLists(ChildLoad& load) {
     std::vector<uint32_t> scratch(VMC_MAX_LIST_ENTRIES);  // contents unused; only a refusal matters
     uint32_t count = 0;
     GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_EVENT_FRAME, 0, scratch.data(), &count, load.error);
-    load.device.hasMemEventFrame = !Tolerated(load);
+    StoreField(load.device.hasMemEventFrame, !Tolerated(load));
     GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_TRIGGER_FRAME, 0, scratch.data(), &count, load.error);
-    load.device.hasMemTriggerFrameList = !Tolerated(load);
+    StoreField(load.device.hasMemTriggerFrameList, !Tolerated(load));
     return true;
 }
 
@@ -297,26 +297,26 @@ bool ReadTemperatures(ChildLoad& load) {
     uint32_t count = 0;
     const bool listed = GetList(load.deviceNo, load.childNo, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error);
     if (!listed && !Tolerated(load)) return false;
-    child.hasTemperature = listed && count != 0;
+    StoreField(child.hasTemperature, listed && count != 0);
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    child.hasMemTemperature = answered && value != 0;
+    StoreField(child.hasMemTemperature, answered && value != 0);
     uint8_t flag = 0;
     answered = VMC_GetWarningTemperature(load.deviceNo, load.childNo, &flag, load.error);
     if (!answered && !Tolerated(load)) return false;
-    child.hasWarningTemperature = answered;
+    StoreField(child.hasWarningTemperature, answered);
     uint32_t cut = 0;
     answered = VMC_GetWarningCableCutting(load.deviceNo, load.childNo, &cut, load.error);
     if (!answered && !Tolerated(load)) return false;
-    child.hasWarningCableCutting = answered;
+    StoreField(child.hasWarningCableCutting, answered);
     return true;
 }
 
 bool ReadAccelerationData(ChildLoad& load, uint8_t& flag) {
     const bool answered = GetData(load.deviceNo, load.childNo, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error);
     if (!answered && !Tolerated(load)) return false;
-    flag = answered;
+    StoreField(flag, answered);
     return true;
 }
 
@@ -328,15 +328,15 @@ bool ReadExtras(ChildLoad& load) {
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_PROBE_401, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    child.code401Value = answered ? static_cast<uint8_t>(value) : 0;
+    StoreField(child.code401Value, answered ? static_cast<uint8_t>(value) : 0);
     if (!Ask(load, VMC_CODE_SAVE_SLOT_NO, &child.saveSlotNo, nullptr, Rule::Tolerant)) return false;
     const bool irig = GetData(load.deviceNo, load.childNo, VMC_DATA_LIVE_IMAGE_IRIG, 0, 0, nullptr, load.error);
     if (!irig && !Tolerated(load)) return false;
-    child.hasLiveImageIRIG = irig;
+    StoreField(child.hasLiveImageIRIG, irig);
     if (!Ask(load.deviceNo, load.childNo, VMC_CODE_FEATURE, 162, &value, nullptr, Rule::Tolerant, load.error,
              &answered))
         return false;
-    child.hasFeature162 = answered && value == 1;
+    StoreField(child.hasFeature162, answered && value == 1);
     return true;
 }
 

@@ -89,8 +89,8 @@ bool ReadDirectRecordRapidPack(DeviceLoad& load) {
     uint32_t value = 0;
     bool answered = false;
     Ask(load, VMC_CODE_DIRECT_RECORD_RAPID_PACK, 0, &value, nullptr, Rule::Ignored, &answered);
-    load.record.directRecordRapidPack = answered ? value : 0;
-    load.record.hasDirectRecordRapidPack = answered;
+    StoreField(load.record.directRecordRapidPack, answered ? value : 0);
+    StoreField(load.record.hasDirectRecordRapidPack, answered);
     return true;
 }
 
@@ -102,7 +102,7 @@ bool ReadShutterDisplayMode(DeviceLoad& load) {
     uint32_t value = 0;
     bool answered = false;
     Ask(load, VMC_CODE_SHUTTER_DISP_MODE, 0, &value, nullptr, Rule::Ignored, &answered);
-    load.record.shutterDispMode = answered ? value : 0;
+    StoreField(load.record.shutterDispMode, answered ? value : 0);
     return true;
 }
 
@@ -117,7 +117,7 @@ bool ReadPortModes(DeviceLoad& load, uint32_t code, uint32_t& count, uint32_t (&
         bool answered = false;
         if (!Ask(load, code, port, &modes[port - 1], nullptr, Rule::Tolerant, &answered)) return false;
         if (!answered) {
-            count = 0;
+            StoreField(count, 0);
             return true;
         }
     }
@@ -147,7 +147,7 @@ bool ReadPartitionIncModes(DeviceLoad& load) {
     uint32_t modes[VMC_MAX_LIST_ENTRIES] = {};
     if (VMC_GetPartitionIncModeList(load.deviceNo, &count, modes, &scratch))
         for (uint32_t i = 0; i < count && i < VMC_MAX_LIST_ENTRIES; ++i)
-            if (modes[i] == 1) load.record.hasPartitionIncMode1 = 1;
+            if (modes[i] == 1) StoreField(load.record.hasPartitionIncMode1, 1);
     return true;
 }
 
@@ -195,18 +195,18 @@ bool ReadDelayLimits(DeviceLoad& load) {
         bool answered = false;
         if (!Ask(load, VMC_CODE_DELAY_LIMIT, kDelayTypes[i], &record.delayLimit[i], nullptr, Rule::Delay, &answered))
             return false;
-        if (answered) record.hasDelay = 1;
+        if (answered) StoreField(record.hasDelay, 1);
     }
     bool answered = false;
     if (!Ask(load, VMC_CODE_DELAY_LIMIT, 8, &record.delayLimit[8], nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType8 = answered;
+    StoreField(record.hasDelayType8, answered);
     if (!Ask(load, VMC_CODE_DELAY_LIMIT, 9, &record.delayLimit[9], nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType9 = answered;
+    StoreField(record.hasDelayType9, answered);
     // Types 10 and 11 share one flag: the later answer decides.
     if (!Ask(load, VMC_CODE_DELAY_LIMIT, 10, &record.delayLimit10, nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType10 = answered;
+    StoreField(record.hasDelayType10, answered);
     if (!Ask(load, VMC_CODE_DELAY_LIMIT, 11, &record.delayLimit11, nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType10 = answered;
+    StoreField(record.hasDelayType10, answered);
     return true;
 }
 
@@ -222,16 +222,16 @@ bool ReadDelayValues(DeviceLoad& load) {
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_DELAY, 10, &value, nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType10 = answered;
+    StoreField(record.hasDelayType10, answered);
     if (answered) {
-        record.delayValue10 = value;
+        StoreField(record.delayValue10, value);
         if (!Ask(load, VMC_CODE_DELAY_LIMIT_10_11, 11, &record.delayLimit11, &record.delayLimit11Low, Rule::Delay))
             return false;
     }
     if (!Ask(load, VMC_CODE_DELAY, 11, &value, nullptr, Rule::Delay, &answered)) return false;
-    record.hasDelayType10 = answered;
+    StoreField(record.hasDelayType10, answered);
     if (answered) {
-        record.delayValue11 = value;
+        StoreField(record.delayValue11, value);
         if (!Ask(load, VMC_CODE_DELAY_LIMIT_10_11, 10, &record.delayLimit10, nullptr, Rule::Delay)) return false;
     }
     return true;
@@ -242,7 +242,7 @@ bool ProbeExport(DeviceLoad& load, uint32_t (*read)(uint32_t, uint32_t*, uint32_
     uint32_t value = 0;
     const bool answered = read(load.deviceNo, &value, load.error);
     if (!answered && !Tolerated(load)) return false;
-    flag = answered;
+    StoreField(flag, answered);
     return true;
 }
 
@@ -261,8 +261,8 @@ bool ReadModes(DeviceLoad& load) {
     bool answered = false;
     if (!Ask(load, VMC_CODE_PROG_SWITCH_MODE, 1, &record.progSwitchMode[0], nullptr, Rule::Tolerant, &answered))
         return false;
-    record.hasProgSwitchMode = answered;
-    if (!answered) record.progSwitchMode[0] = 0;
+    StoreField(record.hasProgSwitchMode, answered);
+    if (!answered) StoreField(record.progSwitchMode[0], 0);
     return Probe1(load, {VMC_CODE_HIGH_SPEED_MODE, &R::highSpeedMode, nullptr, &R::hasHighSpeedMode}) &&
            ProbeExport(load, VMC_GetBurstTransfer, record.hasBurstTransfer) &&
            ProbeExport(load, VMC_GetReadAheadTransfer, record.hasReadAheadTransfer) &&
@@ -281,10 +281,10 @@ bool ReadProgSwitches(DeviceLoad& load) {
 // Functions a module offers by having the entry at all.
 bool ReadEntryFlags(DeviceLoad& load) {
     const DeviceModule& module = state.deviceModules[load.record.moduleIndex];
-    load.record.hasFPGAConfig = module.DEV_FPGAConfig != nullptr;
-    load.record.hasCameraFile = module.DEV_ReadCameraFile != nullptr;
-    load.record.hasImageAddress = module.DEV_GetMemImageAddress &&
-                                  (module.DEV_GetLiveImageAddress || module.DEV_GetLiveImageAddress2);
+    StoreField(load.record.hasFPGAConfig, module.DEV_FPGAConfig != nullptr);
+    StoreField(load.record.hasCameraFile, module.DEV_ReadCameraFile != nullptr);
+    StoreField(load.record.hasImageAddress, module.DEV_GetMemImageAddress &&
+                                  (module.DEV_GetLiveImageAddress || module.DEV_GetLiveImageAddress2));
     return true;
 }
 
@@ -361,7 +361,7 @@ bool ReadSeriesAndIndexing(DeviceLoad& load) {
         uint32_t value = 0;
         bool answered = false;
         if (!Ask(load, kept.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-        if (answered) load.record.*kept.field = value;
+        if (answered) StoreField(load.record.*kept.field, value);
     }
     static constexpr DeviceProbe kRanges[] = {
         {VMC_CODE_SHUTDOWN_BATTERY_RANGE, &R::shutdownBatteryRange1, &R::shutdownBatteryRange2},
@@ -372,12 +372,12 @@ bool ReadSeriesAndIndexing(DeviceLoad& load) {
 
 bool ReadDropFrames(DeviceLoad& load) {
     const DeviceModule& module = state.deviceModules[load.record.moduleIndex];
-    load.record.hasFrameAddress = module.DEV_GetFrameAddress != nullptr;
+    StoreField(load.record.hasFrameAddress, module.DEV_GetFrameAddress != nullptr);
     bool answered = false;
     if (!Ask(load, VMC_CODE_NUM_OF_DROP_FRAME, 0, &load.record.numOfDropFrame, nullptr, Rule::Tolerant, &answered))
         return false;
-    if (answered) load.record.hasDropFrameList = module.DEV_GetDropFrameList != nullptr;
-    else load.record.numOfDropFrame = 0;
+    if (answered) StoreField(load.record.hasDropFrameList, module.DEV_GetDropFrameList != nullptr);
+    else StoreField(load.record.numOfDropFrame, 0);
     return true;
 }
 
@@ -386,12 +386,12 @@ bool ReadStorageControl(DeviceLoad& load, uint32_t wantedMode, uint32_t& field, 
     uint32_t mode = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_STORAGE_MODE, 0, &mode, nullptr, Rule::Tolerant, &answered)) return false;
-    flag = 0;
-    field = 0;
+    StoreField(flag, 0);
+    StoreField(field, 0);
     if (!answered || mode != wantedMode) return true;
     if (!Ask(load, VMC_CODE_SD_CARD_CTRL, 0, &field, nullptr, Rule::Tolerant, &answered)) return false;
-    flag = answered;
-    if (!answered) field = 0;
+    StoreField(flag, answered);
+    if (!answered) StoreField(field, 0);
     return true;
 }
 
@@ -408,8 +408,8 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     if (!Probes(load, kProbes)) return false;
     // Any failure only means the camera has no transfer-mode choice.
     Ask(load, VMC_CODE_G_ETHER_TRANSFER_MODE, 0, &record.gEtherTransferMode, nullptr, Rule::Ignored, &answered);
-    record.hasGEtherTransferMode = answered;
-    if (!answered) record.gEtherTransferMode = 0;
+    StoreField(record.hasGEtherTransferMode, answered);
+    if (!answered) StoreField(record.gEtherTransferMode, 0);
     static constexpr DeviceProbe kMore[] = {
         {VMC_CODE_MECHA_SHUTTER_MODE, &R::mechaShutterMode, nullptr, &R::hasMechaShutterMode},
         {VMC_CODE_PROBE_387, nullptr, nullptr, &R::hasCode387},
@@ -419,7 +419,7 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     uint32_t fanFirst = 0, fanSecond = 0;
     const bool fan = VMC_GetFanState(load.deviceNo, &fanFirst, &fanSecond, load.error);
     if (!fan && !Tolerated(load)) return false;
-    record.hasFanState = fan;
+    StoreField(record.hasFanState, fan);
     if (!ReadStorageControl(load, 0, record.sdCardCtrl, record.hasSdCardCtrl)) return false;
     return Probe1(load, {VMC_CODE_MECHANICAL_SHUTTER, nullptr, nullptr, &R::hasMechanicalShutter});
 }
@@ -429,8 +429,8 @@ bool ReadPixelGainMagnification(DeviceLoad& load) {
     uint32_t value = 0;
     const bool answered = GetCaps(load.deviceNo, 1, VMC_CODE_PIXEL_GAIN_MAGNIFICATION_UPLOAD, 0, &value, nullptr,
                                   load.error) != 0;
-    load.record.hasPixelGainMagnification = answered;
-    load.record.hasPixelGainMaxMagnification = answered;
+    StoreField(load.record.hasPixelGainMagnification, answered);
+    StoreField(load.record.hasPixelGainMaxMagnification, answered);
     return true;
 }
 
@@ -442,7 +442,7 @@ bool ReadSyncAndExposure(DeviceLoad& load) {
         return false;
     const bool answered = RefreshVSyncExposeDeviation(load.deviceNo, load.error);
     if (!answered && !Tolerated(load)) return false;
-    load.record.hasVSyncExposeDeviation = answered;
+    StoreField(load.record.hasVSyncExposeDeviation, answered);
     return true;
 }
 
@@ -455,7 +455,7 @@ bool LoadChildren(DeviceLoad& load) {
             *load.error = VMC_ERR_BAD_CHILD;  // a head number the record has no slot for
         } else if (void* block = std::calloc(1, sizeof(ChildRecord))) {
             std::free(load.record.childRecords[childNo - 1]);  // a list naming a head twice
-            load.record.childRecords[childNo - 1] = static_cast<ChildRecord*>(block);
+            PublishChild(load.record.childRecords[childNo - 1], static_cast<ChildRecord*>(block));
             load.lastChild = childNo;
             loaded = LoadChildState(load.deviceNo, childNo, load.error);
         } else {
@@ -505,7 +505,7 @@ bool ReadStorageBox(DeviceLoad& load) {
         uint32_t value = 0;
         bool answered = false;
         if (!Ask(load, feature.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-        record.*feature.flag = answered && value == 1;
+        StoreField(record.*feature.flag, answered && value == 1);
     }
     return true;
 }
@@ -516,7 +516,7 @@ bool ReadStorage(DeviceLoad& load) {
     uint32_t first = 0, second = 0;
     const bool answered = VMC_GetSSDBoxInfo(load.deviceNo, 0, &first, &second, load.error);
     if (!answered && !Tolerated(load)) return false;
-    record.hasSSDBoxInfo = answered;
+    StoreField(record.hasSSDBoxInfo, answered);
     if (answered) {
         for (uint32_t index = 0; index < 2; ++index) {
             if (!VMC_GetSSDBoxInfo(load.deviceNo, index, &record.ssdBoxFirstValue[index],
@@ -532,7 +532,7 @@ bool ReadWarningTemperature(DeviceLoad& load, uint8_t& flag) {
     uint8_t value = 0;
     const bool answered = VMC_GetWarningTemperature(load.deviceNo, 0, &value, load.error);
     if (!answered && !Tolerated(load)) return false;
-    flag = answered;
+    StoreField(flag, answered);
     return true;
 }
 
@@ -553,7 +553,7 @@ bool ReadMedia(DeviceLoad& load) {
     uint32_t mode = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_STORAGE_MODE, 0, &mode, nullptr, Rule::Tolerant, &answered)) return false;
-    record.hasMedia = answered && mode == 2;
+    StoreField(record.hasMedia, answered && mode == 2);
     if (record.hasMedia) {
         uint32_t value1 = 0, value2 = 0;
         for (uint32_t media = 0; media < 2; ++media)
@@ -585,7 +585,7 @@ bool ProbeOne(DeviceLoad& load, uint32_t code, uint32_t sub, uint8_t& flag) {
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, code, sub, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    flag = answered && value == 1;
+    StoreField(flag, answered && value == 1);
     return true;
 }
 
@@ -606,7 +606,7 @@ bool ReadPowerAndThresholds(DeviceLoad& load) {
         if (!Ask(load, VMC_CODE_WARNING_TEMPERATURE_THRESHOLD, types[i], &record.warningTemperatureThreshold[types[i]],
                  nullptr, Rule::Tolerant, &answered))
             return false;
-        if (answered) record.hasWarningTemperatureThreshold = 1;
+        if (answered) StoreField(record.hasWarningTemperatureThreshold, 1);
     }
     return Probe1(load, {VMC_CODE_PARTITION_LOCK, nullptr, nullptr, &R::hasPartitionLock}) &&
            ProbeOne(load, VMC_CODE_SHUTDOWN_CAMERA, 0, record.hasShutdownCamera) &&
@@ -619,9 +619,9 @@ bool ReadTriggerLimits(DeviceLoad& load, uint32_t code, uint32_t& limit1, uint32
     bool answered = false;
     Ask(load, code, 0, &packed, &third, Rule::Ignored, &answered);
     if (answered) {
-        limit1 = packed >> 16;
-        limit2 = packed & 0xFFFFu;
-        limit3 = third;
+        StoreField(limit1, packed >> 16);
+        StoreField(limit2, packed & 0xFFFFu);
+        StoreField(limit3, third);
     }
     return true;
 }
@@ -646,12 +646,12 @@ bool ReadAccelerationTriggers(DeviceLoad& load) {
 bool ReadTemperatureSensors(DeviceLoad& load) {
     uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
     bool ok = false;
-    load.record.hasTemperature = TemperatureTypes(load, types, &ok) > 0;
+    StoreField(load.record.hasTemperature, TemperatureTypes(load, types, &ok) > 0);
     if (!ok) return false;
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    load.record.hasMemTemperature = answered && value != 0;
+    StoreField(load.record.hasMemTemperature, answered && value != 0);
     return true;
 }
 
@@ -667,8 +667,8 @@ bool ReadOutSignalSpans(DeviceLoad& load) {
         if (!Ask(load, VMC_CODE_EXTERNAL_OUT_SIGNAL_SPAN, port, &value, nullptr, Rule::Tolerant, &answered))
             return false;
         if (!answered) continue;
-        record.hasExternalOutSignalSpan = 1;
-        if (value) record.externalOutSignalSpan |= 1u << port;
+        StoreField(record.hasExternalOutSignalSpan, 1);
+        if (value) StoreField(record.externalOutSignalSpan, record.externalOutSignalSpan | 1u << port);
         else record.externalOutSignalSpan &= ~(1u << port);
     }
     return true;
@@ -679,7 +679,7 @@ bool ReadFanAndMeasurements(DeviceLoad& load) {
     uint32_t value = 0;
     bool answered = RefreshFanRecReadyStop(load.deviceNo, &value, load.error);
     if (!answered && !Tolerated(load)) return false;
-    record.hasFanRecReadyStop = answered;
+    StoreField(record.hasFanRecReadyStop, answered);
     static constexpr DeviceProbe kProbes[] = {
         {VMC_CODE_MEASUREMENT_CURRENT, nullptr, nullptr, &R::hasMeasurementCurrent},
         {VMC_CODE_MEASUREMENT_VOLTAGE, nullptr, nullptr, &R::hasMeasurementVoltage},
@@ -687,12 +687,12 @@ bool ReadFanAndMeasurements(DeviceLoad& load) {
     if (!Probes(load, kProbes)) return false;
     // The memory-temperature code has the last word on temperatures.
     if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    record.hasTemperature = answered && value != 0;
+    StoreField(record.hasTemperature, answered && value != 0);
     if (!ReadWarningTemperature(load, record.hasWarningTemperature)) return false;
     uint32_t cut = 0;
     answered = VMC_GetWarningCableCutting(load.deviceNo, 0, &cut, load.error);
     if (!answered && !Tolerated(load) && *load.error != VMC_ERR_BAD_CHILD) return false;
-    record.hasWarningCableCutting = answered;
+    StoreField(record.hasWarningCableCutting, answered);
     return true;
 }
 
@@ -707,18 +707,18 @@ bool ReadTriggerNoiseAndIo(DeviceLoad& load) {
         !Ask(load, VMC_CODE_TRIGGER_NOISE_FILTER_WIDTH_2, 0, &record.triggerNoiseFilterWidth2,
              &record.triggerNoiseFilterWidth3, Rule::Tolerant, &width2))
         return false;
-    record.hasTriggerNoiseFilterWidth = width1 && width2;
+    StoreField(record.hasTriggerNoiseFilterWidth, width1 && width2);
     for (uint32_t sub = 0; sub < std::size(record.vdaioType); ++sub) {
         if (GetCaps(load.deviceNo, 0, VMC_CODE_VDAIO_TYPE, sub, &record.vdaioType[sub], nullptr, load.error)) {
-            record.hasVDAIOType = 1;
+            StoreField(record.hasVDAIOType, 1);
             continue;
         }
         if (Tolerated(load)) {
-            record.hasVDAIOType = 0;
+            StoreField(record.hasVDAIOType, 0);
             break;
         }
         if (*load.error == VMC_ERR_BAD_ARGUMENT) continue;  // a sub-code this camera skips
-        record.hasVDAIOType = 0;
+        StoreField(record.hasVDAIOType, 0);
         return false;
     }
     return Probe1(load, {VMC_CODE_MEMORY_SHARE, &R::memoryShare, nullptr, &R::hasMemoryShare});
@@ -729,17 +729,17 @@ bool ReadIdentityExtras(DeviceLoad& load) {
     // Recorded acceleration data: asked with no buffer, the answer is only presence.
     const bool acceleration = GetData(load.deviceNo, 0, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error) != 0;
     if (!acceleration && !Tolerated(load)) return false;
-    record.hasMemAccelerationData = acceleration;
+    StoreField(record.hasMemAccelerationData, acceleration);
     uint32_t value = 0;
     bool answered = false;
     Ask(load, VMC_CODE_PROBE_368, 0, &value, nullptr, Rule::Ignored, &answered);
-    record.hasCode368 = answered ? static_cast<uint8_t>(value) : 0;
+    StoreField(record.hasCode368, answered ? static_cast<uint8_t>(value) : 0);
     if (!Probe1(load, {VMC_CODE_PROBE_397, nullptr, nullptr, &R::hasCode397})) return false;
     RefreshSerialNumber(load.deviceNo, 0, load.error);  // a camera without one keeps all ones
     uint32_t high = 0, low = 0;
     answered = VMC_GetMACAddress(load.deviceNo, &high, &low, load.error);
     if (!answered && !Tolerated(load)) return false;
-    record.hasMACAddress = answered;
+    StoreField(record.hasMACAddress, answered);
     if (!Probe1(load, {VMC_CODE_PROBE_398, nullptr, nullptr, &R::hasCode398})) return false;
     RefreshMaxRandomEndlessTriggerCount(load.deviceNo, load.error);
     return true;
@@ -752,7 +752,7 @@ bool ReadSaveSlotAndSensorError(DeviceLoad& load) {
     if (!Ask(load.deviceNo, load.lastChild, VMC_CODE_ACCELERATION_SENSOR_ERROR, 0, &value, nullptr, Rule::Tolerant,
              load.error, &answered))
         return false;
-    load.record.hasAccelerationSensorError = answered;
+    StoreField(load.record.hasAccelerationSensorError, answered);
     return true;
 }
 
@@ -763,7 +763,7 @@ bool ReadLinkSettings(DeviceLoad& load) {
     uint32_t linkSpeed = 0;
     const bool answered = RefreshLinkSpeed(load.deviceNo, &linkSpeed, load.error);
     if (!answered && !Tolerated(load)) return false;
-    record.hasLinkSpeed = answered;
+    StoreField(record.hasLinkSpeed, answered);
     return true;
 }
 
@@ -771,12 +771,12 @@ bool ReadLinkSettings(DeviceLoad& load) {
 bool ReadPacketIntervalMode(DeviceLoad& load) {
     uint32_t value = 0;
     if (GetCaps(load.deviceNo, 0, VMC_CODE_PACKET_INTERVAL_MODE, 0, &value, nullptr, load.error)) {
-        load.record.hasPacketIntervalMode = 1;
-        load.record.packetIntervalMode = load.packetMode;
+        StoreField(load.record.hasPacketIntervalMode, 1);
+        StoreField(load.record.packetIntervalMode, load.packetMode);
     } else {
         if (!Tolerated(load)) return false;
-        load.record.hasPacketIntervalMode = 0;
-        load.record.packetIntervalMode = 1;
+        StoreField(load.record.hasPacketIntervalMode, 0);
+        StoreField(load.record.packetIntervalMode, 1);
     }
     return true;
 }
@@ -786,12 +786,12 @@ bool SendPacketInterval10G(DeviceLoad& load) {
     if (load.record.ethernetSpeedLimit != 1) return true;
     const uint32_t interval = ReadCommunicationValue(kStorePacketInterval10G, 1);
     if (SetCaps(load.deviceNo, 0, VMC_CODE_PACKET_INTERVAL_MODE, 1, interval, 0, load.error)) {
-        load.record.hasPacketIntervalMode = 1;
-        load.record.packetInterval10G = interval;
+        StoreField(load.record.hasPacketIntervalMode, 1);
+        StoreField(load.record.packetInterval10G, interval);
         return true;
     }
     if (!Tolerated(load)) return false;
-    load.record.hasPacketIntervalMode = 0;
+    StoreField(load.record.hasPacketIntervalMode, 0);
     return true;
 }
 

@@ -60,9 +60,9 @@ bool RunProbe(uint32_t deviceNo, uint32_t child, Record& record, const Probe<Rec
     if (!Ask(deviceNo, child, probe.code, 0, probe.bare ? nullptr : &value1,
              probe.bare || !probe.second ? nullptr : &value2, Rule::Tolerant, error, &answered))
         return false;
-    if (probe.first) record.*probe.first = answered ? value1 : 0;
-    if (probe.second) record.*probe.second = answered ? value2 : 0;
-    if (probe.flag) record.*probe.flag = answered;
+    if (probe.first) StoreField(record.*probe.first, answered ? value1 : 0);
+    if (probe.second) StoreField(record.*probe.second, answered ? value2 : 0);
+    if (probe.flag) StoreField(record.*probe.flag, answered);
     return true;
 }
 

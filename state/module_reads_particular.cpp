@@ -155,7 +155,7 @@ VMC_EXPORT uint32_t VMC_GetColorType(uint32_t deviceNo, uint32_t childNo, uint32
                               const uint32_t result = RefreshColorType(deviceNo, childNo, &value, err);
                               const auto byte = static_cast<int8_t>(LoadField(child.colorType) & 0xFFu);
                               const auto widened = static_cast<uint32_t>(static_cast<int32_t>(byte));
-                              child.colorType = widened;
+                              StoreField(child.colorType, widened);
                               *colorType = widened;
                               return result;
                           });

@@ -52,7 +52,7 @@ uint32_t StorageControl(uint32_t deviceNo, uint32_t wantedMode, uint32_t DeviceR
         result = AskValue(deviceNo, 0, VMC_CODE_SD_CARD_CTRL, 0, 0, value, error);
     else if (Refused(error))
         *value = 0;
-    Record(deviceNo).*field = *value;
+    StoreField(Record(deviceNo).*field, *value);
     return result;
 }
 
@@ -61,7 +61,7 @@ uint32_t StorageControl(uint32_t deviceNo, uint32_t wantedMode, uint32_t DeviceR
 uint32_t AnswerFlag(uint32_t deviceNo, uint32_t code, uint8_t DeviceRecord::*flag, uint32_t* value,
                     uint32_t* error) {
     const uint32_t answered = GetCaps(deviceNo, 0, code, 0, value, nullptr, error);
-    Record(deviceNo).*flag = answered ? static_cast<uint8_t>(*value) : 0;
+    StoreField(Record(deviceNo).*flag, answered ? static_cast<uint8_t>(*value) : 0);
     *value = Record(deviceNo).*flag;
     *error = VMC_ERR_OK;
     return 1;
@@ -86,13 +86,13 @@ uint32_t RefreshTriggerMode(uint32_t deviceNo, uint32_t* error) {
     uint32_t mode = 0, afterFrames = 0, randomFrames = 0, randomCount = 0;
     if (!GetCaps(deviceNo, 0, VMC_CODE_TRIGGER_MODE, 0, &mode, &afterFrames, error) ||
         !GetCaps(deviceNo, 0, VMC_CODE_TRIGGER_RANDOM, 0, &randomFrames, &randomCount, error)) {
-        record.triggerMode = 0;
+        StoreField(record.triggerMode, 0);
         return 0;
     }
-    record.triggerMode = mode;
-    record.triggerAfterFrames = afterFrames;
-    record.triggerRandomFrames = randomFrames;
-    record.triggerRandomCount = randomCount;
+    StoreField(record.triggerMode, mode);
+    StoreField(record.triggerAfterFrames, afterFrames);
+    StoreField(record.triggerRandomFrames, randomFrames);
+    StoreField(record.triggerRandomCount, randomCount);
     return 1;
 }
 
@@ -108,12 +108,12 @@ uint32_t RefreshExposeOutTimes(uint32_t deviceNo, uint32_t signal, uint32_t* val
     DeviceRecord& record = Record(deviceNo);
     if (signal == 13 || signal == 14) {
         const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_EXPOSE_OUT_TIMES_1, 0, 0, value, error);
-        record.exposeOutTimes1 = *value;
+        StoreField(record.exposeOutTimes1, *value);
         return result;
     }
     if (signal == 82 || signal == 88) {
         const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_EXPOSE_OUT_TIMES_2, 0, 0, value, error);
-        record.exposeOutTimes2 = *value;
+        StoreField(record.exposeOutTimes2, *value);
         return result;
     }
     // No other signal has an exposure output: nothing to ask.
@@ -142,7 +142,7 @@ uint32_t RefreshExternalOutSignalSpan(uint32_t deviceNo, uint32_t port, uint32_t
 uint32_t RefreshFanRecReadyStop(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_FAN_REC_READY_STOP, 0, 0, value, error);
     *value = static_cast<uint32_t>(static_cast<int32_t>(static_cast<int8_t>(*value & 0xFFu)));
-    Record(deviceNo).fanRecReadyStop = *value;
+    StoreField(Record(deviceNo).fanRecReadyStop, *value);
     return result;
 }
 
@@ -157,8 +157,8 @@ uint32_t RefreshVariableFunction(uint32_t deviceNo, uint32_t* value, uint32_t* e
 uint32_t RefreshStoreNum(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_STORE_NUM, 0, 0, value, error);
     DeviceRecord& record = Record(deviceNo);
-    record.storeNum = *value;
-    record.hasStoreNum = result ? 1 : 0;
+    StoreField(record.storeNum, *value);
+    StoreField(record.hasStoreNum, result ? 1 : 0);
     return result;
 }
 

@@ -15,7 +15,7 @@ using ChildField = uint32_t ChildRecord::*;
 uint32_t ColorTypeInto(uint32_t deviceNo, uint32_t childNo, ChildField field, uint32_t* value, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_COLOR_TYPE, 0, value, nullptr, error);
     *value = result ? *value & 0xFFu : 0;
-    HeadRecord(deviceNo, childNo).*field = *value;
+    StoreField(HeadRecord(deviceNo, childNo).*field, *value);
     return result;
 }
 
@@ -60,7 +60,7 @@ uint32_t ColorTempInto(const ColorTempSet& set, uint32_t deviceNo, uint32_t chil
         }
     }
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    for (int i = 0; i < 4; ++i) child.*set.fields[i] = *outs[i];
+    for (int i = 0; i < 4; ++i) StoreField(child.*set.fields[i], *outs[i]);
     if (!result) *error = firstError;
     return result;
 }
@@ -99,7 +99,7 @@ uint32_t DepthInto(uint32_t deviceNo, uint32_t childNo, ChildField field, uint32
     uint32_t answer = 0;
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_BIT_DEPTH, 0, &answer, nullptr, error);
     *value = result ? CheckedDepth(answer, child.maxBitDepth) : otherwise;
-    child.*field = *value;
+    StoreField(child.*field, *value);
     return result;
 }
 
@@ -121,8 +121,8 @@ uint32_t DepthPairInto(uint32_t deviceNo, uint32_t childNo, ChildField first, Ch
                      : otherwise;
         *depth2 = 0;
     }
-    child.*first = *depth;
-    child.*second = *depth2;
+    StoreField(child.*first, *depth);
+    StoreField(child.*second, *depth2);
     return result;
 }
 
@@ -141,8 +141,10 @@ uint32_t RefreshMemColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* valu
 uint32_t RefreshResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height, uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, VMC_CODE_RESOLUTION, width, height, error);
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.width = child.roiWidth = *width;
-    child.height = child.roiHeight = *height;
+    StoreField(child.width, *width);
+    StoreField(child.roiWidth, *width);
+    StoreField(child.height, *height);
+    StoreField(child.roiHeight, *height);
     return result;
 }
 
@@ -150,8 +152,8 @@ uint32_t RefreshResolutionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* w
                                 uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, VMC_CODE_RESOLUTION_CACHE, width, height, error);
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.width = *width;
-    child.height = *height;
+    StoreField(child.width, *width);
+    StoreField(child.height, *height);
     return result;
 }
 
@@ -164,8 +166,8 @@ uint32_t RefreshResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* wid
         *width = child.width;
         *height = child.height;
     }
-    child.roiWidth = *width;
-    child.roiHeight = *height;
+    StoreField(child.roiWidth, *width);
+    StoreField(child.roiHeight, *height);
     return result;
 }
 
@@ -193,8 +195,8 @@ uint32_t RefreshColorTempBase(uint32_t deviceNo, uint32_t childNo, uint32_t* bas
         *base2 = 4095;
     }
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.colorTempBase1 = *base1;
-    child.colorTempBase2 = *base2;
+    StoreField(child.colorTempBase1, *base1);
+    StoreField(child.colorTempBase2, *base2);
     return result;
 }
 
@@ -212,7 +214,7 @@ uint32_t RefreshMemColorEnhanceValue(uint32_t deviceNo, uint32_t childNo, uint32
 uint32_t RefreshMaxBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_MAX_BIT_DEPTH, 0, value, nullptr, error);
     if (!result) *value = 8;
-    HeadRecord(deviceNo, childNo).maxBitDepth = *value;
+    StoreField(HeadRecord(deviceNo, childNo).maxBitDepth, *value);
     return result;
 }
 

@@ -23,7 +23,7 @@ uint32_t SelfLocked(uint32_t deviceNo, uint32_t* error, Body&& body) {
 uint32_t AnswersOne(uint32_t deviceNo, uint32_t code, uint8_t DeviceRecord::*flag, uint32_t* value,
                     uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, code, 0, 0, value, error);
-    Record(deviceNo).*flag = result && *value == 1;
+    StoreField(Record(deviceNo).*flag, result && *value == 1);
     return result;
 }
 
@@ -33,7 +33,7 @@ uint32_t RefreshWarningTemperatureThreshold(uint32_t deviceNo, uint32_t type, ui
     DeviceRecord& record = Record(deviceNo);
     if (type >= std::size(record.warningTemperatureThreshold)) return Fail(error, VMC_ERR_BAD_ARGUMENT);
     const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_WARNING_TEMPERATURE_THRESHOLD, type, 0, value, error);
-    record.warningTemperatureThreshold[type] = *value;
+    StoreField(record.warningTemperatureThreshold[type], *value);
     return result;
 }
 
@@ -51,24 +51,24 @@ uint32_t RefreshMemTemperature(uint32_t deviceNo, uint32_t childNo, uint32_t* va
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, 0, value, error);
     const uint8_t has = result && *value != 0;
     if (childNo == 0)
-        Record(deviceNo).hasMemTemperature = has;
+        StoreField(Record(deviceNo).hasMemTemperature, has);
     else
-        HeadRecord(deviceNo, childNo).hasMemTemperature = has;
+        StoreField(HeadRecord(deviceNo, childNo).hasMemTemperature, has);
     return result;
 }
 
 uint32_t RefreshCode401(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_PROBE_401, 0, 0, value, error);
-    HeadRecord(deviceNo, childNo).code401Value = result ? static_cast<uint8_t>(*value) : 0;
+    StoreField(HeadRecord(deviceNo, childNo).code401Value, result ? static_cast<uint8_t>(*value) : 0);
     return result;
 }
 
 uint32_t RefreshSaveSlotNo(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_SAVE_SLOT_NO, 0, 0, value, error);
     if (childNo == 0)
-        Record(deviceNo).saveSlotNo = *value;
+        StoreField(Record(deviceNo).saveSlotNo, *value);
     else
-        HeadRecord(deviceNo, childNo).saveSlotNo = *value;
+        StoreField(HeadRecord(deviceNo, childNo).saveSlotNo, *value);
     return result;
 }
 
@@ -78,14 +78,14 @@ uint32_t RefreshVSyncExposeDeviation(uint32_t deviceNo, uint32_t* error) {
     uint32_t value = record.vSyncExposeDeviation;
     const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_VSYNC_EXPOSE_DEVIATION, 0, 0, &value, error);
     if (value > 0xFFFFu) value = static_cast<uint32_t>(-static_cast<int32_t>(value & 0xFFFFu));
-    record.vSyncExposeDeviation = value;
+    StoreField(record.vSyncExposeDeviation, value);
     return result;
 }
 
 uint32_t RefreshTriggerNoiseFilter(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     return SelfLocked(deviceNo, error, [&] {
         const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_TRIGGER_NOISE_FILTER, 0, 0, value, error);
-        Record(deviceNo).triggerNoiseFilter = *value;
+        StoreField(Record(deviceNo).triggerNoiseFilter, *value);
         return result;
     });
 }
@@ -98,10 +98,10 @@ uint32_t RefreshTriggerNoiseFilterWidth(uint32_t deviceNo, uint32_t* width1, uin
         DeviceRecord& record = Record(deviceNo);
         const uint32_t first = AskValue(deviceNo, 0, VMC_CODE_TRIGGER_NOISE_FILTER_WIDTH, 0, 0, width1, error);
         const uint32_t firstError = *error;
-        record.triggerNoiseFilterWidth1 = *width1;
+        StoreField(record.triggerNoiseFilterWidth1, *width1);
         const uint32_t second = AskPair(deviceNo, 0, VMC_CODE_TRIGGER_NOISE_FILTER_WIDTH_2, 0, width2, width3, error);
-        record.triggerNoiseFilterWidth2 = *width2;
-        record.triggerNoiseFilterWidth3 = *width3;
+        StoreField(record.triggerNoiseFilterWidth2, *width2);
+        StoreField(record.triggerNoiseFilterWidth3, *width3);
         if (!first) return Fail(error, firstError);
         return second;
     });
@@ -114,7 +114,7 @@ uint32_t RefreshVDAIOType(uint32_t deviceNo, uint32_t sub, uint32_t* value, uint
         if (sub >= std::size(record.vdaioType)) return Fail(error, VMC_ERR_BAD_ARGUMENT);
         const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_VDAIO_TYPE, sub, value, nullptr, error);
         if (!result) *value = 0xFFFFFFFFu;
-        record.vdaioType[sub] = *value;
+        StoreField(record.vdaioType[sub], *value);
         return result;
     });
 }
@@ -122,7 +122,7 @@ uint32_t RefreshVDAIOType(uint32_t deviceNo, uint32_t sub, uint32_t* value, uint
 uint32_t RefreshMemoryShare(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     return SelfLocked(deviceNo, error, [&] {
         const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_MEMORY_SHARE, 0, 0, value, error);
-        Record(deviceNo).memoryShare = *value;
+        StoreField(Record(deviceNo).memoryShare, *value);
         return result;
     });
 }
@@ -133,7 +133,7 @@ uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error)
         uint32_t value = 0;
         const uint32_t result =
             GetCaps(deviceNo, 0, VMC_CODE_MAX_RANDOM_ENDLESS_TRIGGER_COUNT, 0, &value, nullptr, error);
-        Record(deviceNo).maxRandomEndlessTriggerCount = result ? value : 10;
+        StoreField(Record(deviceNo).maxRandomEndlessTriggerCount, result ? value : 10);
         return result;
     });
 }
@@ -146,9 +146,9 @@ uint32_t RefreshSerialNumber(uint32_t deviceNo, uint32_t childNo, uint32_t* erro
         const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_SERIAL_NUMBER, 0, words, nullptr, error);
         const uint64_t serial = result ? (static_cast<uint64_t>(words[1]) << 32) | words[0] : ~uint64_t{0};
         if (childNo == 0)
-            Record(deviceNo).serialNumber = serial;
+            StoreField(Record(deviceNo).serialNumber, serial);
         else
-            HeadRecord(deviceNo, childNo).serialNumber = serial;
+            StoreField(HeadRecord(deviceNo, childNo).serialNumber, serial);
         return result;
     });
 }

@@ -16,8 +16,8 @@ uint32_t FramesInto(uint32_t deviceNo, uint32_t childNo, uint32_t code, uint32_t
     const uint32_t result = AskPair(deviceNo, childNo, code, 0, frames, blocks, error);
     if (result) {
         ChildRecord& child = HeadRecord(deviceNo, childNo);
-        child.maxFrames = *frames;
-        child.maxFrameBlocks = *blocks;
+        StoreField(child.maxFrames, *frames);
+        StoreField(child.maxFrameBlocks, *blocks);
     }
     return result;
 }
@@ -44,8 +44,8 @@ uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* part
         *blocks = 0;
     }
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.maxPartition = *partitions;
-    child.maxPartitionBlocks = *blocks;
+    StoreField(child.maxPartition, *partitions);
+    StoreField(child.maxPartitionBlocks, *blocks);
     return result;
 }
 
@@ -54,8 +54,8 @@ uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* part
 uint32_t RefreshCurrentPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_CURRENT_PARTITION, 0, 1, value, error);
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.currentPartition = *value;
-    if (Record(deviceNo).partitionIncMode != 2) child.memoryModePartition = *value;
+    StoreField(child.currentPartition, *value);
+    if (Record(deviceNo).partitionIncMode != 2) StoreField(child.memoryModePartition, *value);
     return result;
 }
 
@@ -77,12 +77,12 @@ uint32_t RefreshMemTriggerMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mo
         GetCaps(deviceNo, childNo, VMC_CODE_TRIGGER_MODE, 0, &words[0], &words[1], error) &&
         GetCaps(deviceNo, childNo, VMC_CODE_TRIGGER_RANDOM, 0, &words[2], &words[3], error);
     if (result) {
-        child.memTriggerMode = words[0];
-        child.memTriggerAfterFrames = words[1];
-        child.memTriggerRandomFrames = words[2];
-        child.memTriggerRandomCount = words[3];
+        StoreField(child.memTriggerMode, words[0]);
+        StoreField(child.memTriggerAfterFrames, words[1]);
+        StoreField(child.memTriggerRandomFrames, words[2]);
+        StoreField(child.memTriggerRandomCount, words[3]);
     } else {
-        child.memTriggerMode = 0;
+        StoreField(child.memTriggerMode, 0);
     }
     *mode = child.memTriggerMode;
     *afterFrames = child.memTriggerAfterFrames;
@@ -96,7 +96,7 @@ uint32_t RefreshMemEventFrame(uint32_t deviceNo, uint32_t childNo, int32_t* fram
     const uint32_t result = ListInto(deviceNo, childNo, VMC_LIST_MEM_EVENT_FRAME, frames, count, error);
     if (result)
         for (uint32_t i = 0; i < *count; ++i) frames[i] = FromSignMagnitude32(static_cast<uint32_t>(frames[i]));
-    HeadRecord(deviceNo, childNo).eventFrameCount = std::min(*count, kEventSlots);
+    StoreField(HeadRecord(deviceNo, childNo).eventFrameCount, std::min(*count, kEventSlots));
     return result;
 }
 

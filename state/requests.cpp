@@ -18,13 +18,13 @@ using ChildFlag = uint8_t ChildRecord::*;
 uint32_t DeviceValue(uint32_t deviceNo, uint32_t code, DeviceField field, uint32_t fallback, uint32_t* value,
                      uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, code, 0, fallback, value, error);
-    Record(deviceNo).*field = *value;
+    StoreField(Record(deviceNo).*field, *value);
     return result;
 }
 
 uint32_t DeviceFlagValue(uint32_t deviceNo, uint32_t code, DeviceFlag flag, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, code, 0, 0, value, error);
-    Record(deviceNo).*flag = static_cast<uint8_t>(*value);
+    StoreField(Record(deviceNo).*flag, static_cast<uint8_t>(*value));
     return result;
 }
 
@@ -32,8 +32,8 @@ uint32_t DevicePair(uint32_t deviceNo, uint32_t code, DeviceField first, DeviceF
                     uint32_t* value2, uint32_t* error) {
     const uint32_t result = AskPair(deviceNo, 0, code, 0, value1, value2, error);
     DeviceRecord& record = Record(deviceNo);
-    record.*first = *value1;
-    record.*second = *value2;
+    StoreField(record.*first, *value1);
+    StoreField(record.*second, *value2);
     return result;
 }
 
@@ -41,23 +41,23 @@ uint32_t HeadOrDeviceValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, D
                            ChildField childField, uint32_t fallback, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
     if (childNo == 0)
-        Record(deviceNo).*deviceField = *value;
+        StoreField(Record(deviceNo).*deviceField, *value);
     else
-        HeadRecord(deviceNo, childNo).*childField = *value;
+        StoreField(HeadRecord(deviceNo, childNo).*childField, *value);
     return result;
 }
 
 uint32_t ChildValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField field, uint32_t fallback,
                     uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
-    HeadRecord(deviceNo, childNo).*field = *value;
+    StoreField(HeadRecord(deviceNo, childNo).*field, *value);
     return result;
 }
 
 uint32_t ChildFlagValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFlag flag, uint32_t* value,
                         uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, 0, value, error);
-    HeadRecord(deviceNo, childNo).*flag = static_cast<uint8_t>(*value);
+    StoreField(HeadRecord(deviceNo, childNo).*flag, static_cast<uint8_t>(*value));
     return result;
 }
 
@@ -65,8 +65,8 @@ uint32_t ChildPair(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFiel
                    uint32_t* value1, uint32_t* value2, uint32_t* error) {
     const uint32_t result = AskPair(deviceNo, childNo, code, 0, value1, value2, error);
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.*first = *value1;
-    child.*second = *value2;
+    StoreField(child.*first, *value1);
+    StoreField(child.*second, *value2);
     return result;
 }
 
@@ -74,8 +74,8 @@ uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFi
                      uint32_t* value1, uint32_t* value2, uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, code, value1, value2, error);
     ChildRecord& child = HeadRecord(deviceNo, childNo);
-    child.*high = *value1;
-    child.*low = *value2;
+    StoreField(child.*high, *value1);
+    StoreField(child.*low, *value2);
     return result;
 }
 

@@ -30,20 +30,20 @@ bool NotSupported(const Poll& poll) { return *poll.error == VMC_ERR_NOT_SUPPORTE
 // when the camera said 21, else whatever the module left in the variable,
 // and the poll ends.
 bool Refresh(Poll& poll, uint32_t code, uint32_t& field, uint32_t fallback = 0) {
-    uint32_t value = field;
+    uint32_t value = LoadField(field);
     const bool answered = GetCaps(poll.deviceNo, 0, code, 0, &value, nullptr, poll.error) != 0;
     if (!answered && NotSupported(poll)) value = fallback;
-    field = value;
+    StoreField(field, value);
     return answered;
 }
 
 // As Refresh, but a failure stores 0 on error 21 and the poll goes on.
 void RefreshNoStop(Poll& poll, uint32_t code, uint32_t sub, uint32_t& first, uint32_t* second = nullptr) {
-    uint32_t value1 = first, value2 = second ? *second : 0;
+    uint32_t value1 = LoadField(first), value2 = second ? LoadField(*second) : 0;
     const bool answered = GetCaps(poll.deviceNo, 0, code, sub, &value1, second ? &value2 : nullptr, poll.error);
     if (!answered && NotSupported(poll)) value1 = value2 = 0;
-    first = value1;
-    if (second) *second = value2;
+    StoreField(first, value1);
+    if (second) StoreField(*second, value2);
 }
 
 // Asked so the module hears of it; what it answers is not kept.
@@ -54,10 +54,10 @@ void Touch(Poll& poll, uint32_t child, uint32_t code, uint32_t sub = 0) {
 
 // Stored only when the camera answers; nothing here ends the poll.
 void RefreshIfAnswered(Poll& poll, uint32_t code, uint32_t sub, uint32_t& first, uint32_t* second = nullptr) {
-    uint32_t value1 = first, value2 = 0;
+    uint32_t value1 = LoadField(first), value2 = 0;
     if (GetCaps(poll.deviceNo, 0, code, sub, &value1, second ? &value2 : nullptr, poll.error)) {
-        first = value1;
-        if (second) *second = value2;
+        StoreField(first, value1);
+        if (second) StoreField(*second, value2);
     }
 }
 
@@ -75,7 +75,7 @@ bool PollPorts(Poll& poll) {
         uint32_t mode = record.externalOutMode[port - 1];
         const bool answered = GetCaps(poll.deviceNo, 0, VMC_CODE_EXTERNAL_OUT_MODE, port, &mode, nullptr, poll.error);
         if (!answered && NotSupported(poll)) mode = 0;
-        record.externalOutMode[port - 1] = mode;
+        StoreField(record.externalOutMode[port - 1], mode);
         if (!answered) return false;
     }
     return true;
@@ -87,11 +87,11 @@ bool PollPorts(Poll& poll) {
 bool PollSignalCounts(Poll& poll) {
     DeviceRecord& record = poll.record;
     if (record.hasSyncOutTimes && !Refresh(poll, VMC_CODE_SYNC_OUT_TIMES, record.syncOutTimes, 1)) {
-        record.syncOutTimes = 1;
+        StoreField(record.syncOutTimes, 1);
         return false;
     }
     if (record.hasExposeOutTimes1 && !Refresh(poll, VMC_CODE_EXPOSE_OUT_TIMES_1, record.exposeOutTimes1, 1)) {
-        record.exposeOutTimes1 = 1;
+        StoreField(record.exposeOutTimes1, 1);
         return false;
     }
     uint32_t times = 0;
@@ -192,12 +192,12 @@ void PollDelays(Poll& poll) {
     // on the value of the other.
     uint32_t limit = record.delayValue10, low = 0;
     if (GetCaps(poll.deviceNo, 0, VMC_CODE_DELAY_LIMIT_10_11, 11, &limit, &low, poll.error)) {
-        record.delayLimit11 = limit;
-        record.delayLimit11Low = low;
+        StoreField(record.delayLimit11, limit);
+        StoreField(record.delayLimit11Low, low);
     }
     limit = record.delayValue11;
     if (GetCaps(poll.deviceNo, 0, VMC_CODE_DELAY_LIMIT_10_11, 10, &limit, nullptr, poll.error))
-        record.delayLimit10 = limit;
+        StoreField(record.delayLimit10, limit);
 }
 
 bool PollOperation(Poll& poll) {
@@ -207,10 +207,10 @@ bool PollOperation(Poll& poll) {
     if (record.hasLowLightMode) {
         uint32_t mode = 0;
         if (!GetCaps(poll.deviceNo, 0, VMC_CODE_LOW_LIGHT_MODE, 0, &mode, nullptr, poll.error)) {
-            record.lowLightMode = 0;
+            StoreField(record.lowLightMode, 0);
             return false;
         }
-        record.lowLightMode = mode;
+        StoreField(record.lowLightMode, mode);
     }
     if (record.hasProgSwitchMode) {
         for (uint32_t sw = 1; sw <= 4; ++sw)
@@ -286,7 +286,7 @@ bool PollChild(Poll& poll, uint32_t childNo, ChildRecord& child) {
     // No stop: mode, partitions.
     RefreshCamMode(deviceNo, childNo, &a, error);
     uint32_t count = child.partitionCount;
-    if (GetCaps(deviceNo, childNo, VMC_CODE_PARTITION_COUNT, 0, &count, nullptr, error)) child.partitionCount = count;
+    if (GetCaps(deviceNo, childNo, VMC_CODE_PARTITION_COUNT, 0, &count, nullptr, error)) StoreField(child.partitionCount, count);
     RefreshCurrentPartition(deviceNo, childNo, &a, error);
     if (!RefreshMaxFrames(deviceNo, childNo, &a, &b, error)) return false;
     if (child.hasLiveResolution && !RefreshLiveResolutionMode(deviceNo, childNo, &a, error)) return false;

@@ -1,0 +1,48 @@
+// Whole-field loads and stores of the cached records.
+//
+// The cached reads answer from the records without a lock, while a request,
+// the status poll or the state load on another thread rewrites them. Every
+// field a reader may load is therefore stored and loaded as one relaxed
+// atomic access of its own width: a reader sees the old value or the new
+// one, never a mix, and the two sides are not a data race. A read of several
+// fields may straddle a refresh; a pair written under the device lock is
+// whole only to a reader that holds the lock too.
+//
+// Writers never assign a record field directly: they call StoreField, so
+// that no worker can forget it. Records are zeroed with a plain memset only
+// where no other thread may look (close, whose caller quiesces the device).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+#include <vmc/vmc.h>
+
+namespace vmc {
+
+template <class T>
+concept RecordWord = std::is_integral_v<T> && sizeof(T) <= 8;
+
+template <RecordWord T>
+inline T LoadField(const T& field) {
+    return __atomic_load_n(&field, __ATOMIC_RELAXED);
+}
+inline uint8_t LoadFlag(const uint8_t& flag) { return LoadField(flag); }
+
+template <RecordWord T>
+inline void StoreField(T& field, std::type_identity_t<T> value) {
+    __atomic_store_n(&field, value, __ATOMIC_RELAXED);
+}
+
+// A child record is published by its pointer: the release store makes the
+// zeroed block visible before the pointer is, to a reader that acquires it.
+inline ChildRecord* LoadChild(ChildRecord* const& slot) { return __atomic_load_n(&slot, __ATOMIC_ACQUIRE); }
+inline void PublishChild(ChildRecord*& slot, ChildRecord* child) { __atomic_store_n(&slot, child, __ATOMIC_RELEASE); }
+
+// The 64-bit fields sit on 8-byte boundaries in both records (the device
+// table is aligned for it), so they too are one access.
+static_assert(offsetof(DeviceRecord, serialNumber) % 8 == 0 && sizeof(DeviceRecord) % 8 == 0 &&
+              offsetof(ChildRecord, serialNumber) % 8 == 0);
+
+}  // namespace vmc
