@@ -40,6 +40,30 @@ inline void StoreField(T& field, std::type_identity_t<T> value) {
 inline ChildRecord* LoadChild(ChildRecord* const& slot) { return __atomic_load_n(&slot, __ATOMIC_ACQUIRE); }
 inline void PublishChild(ChildRecord*& slot, ChildRecord* child) { __atomic_store_n(&slot, child, __ATOMIC_RELEASE); }
 
+// Copies a run of a record to a caller's buffer, each aligned word loaded
+// whole (8 bytes where the run allows, else 4, else 1), so that a copy made
+// while a refresh runs sees each field old or new, as a cached read does.
+inline void CopyFieldsOut(void* to, const void* from, std::size_t size) {
+    auto* out = static_cast<unsigned char*>(to);
+    const auto* in = static_cast<const unsigned char*>(from);
+    std::size_t i = 0;
+    while (i < size) {
+        const auto at = reinterpret_cast<std::uintptr_t>(in + i);
+        if (at % 8 == 0 && size - i >= 8) {
+            const uint64_t word = LoadField(*reinterpret_cast<const uint64_t*>(in + i));
+            __builtin_memcpy(out + i, &word, 8);
+            i += 8;
+        } else if (at % 4 == 0 && size - i >= 4) {
+            const uint32_t word = LoadField(*reinterpret_cast<const uint32_t*>(in + i));
+            __builtin_memcpy(out + i, &word, 4);
+            i += 4;
+        } else {
+            out[i] = LoadField(in[i]);
+            i += 1;
+        }
+    }
+}
+
 // The 64-bit fields sit on 8-byte boundaries in both records (the device
 // table is aligned for it), so they too are one access.
 static_assert(offsetof(DeviceRecord, serialNumber) % 8 == 0 && sizeof(DeviceRecord) % 8 == 0 &&

@@ -8,6 +8,8 @@
 namespace vmc {
 namespace {
 
+static_assert(VMC_LOCK_TIMEOUT_MS == platform::kLockTimeoutMs, "one lock wait, library and platform alike");
+
 using platform::MutexHandle;
 using platform::WaitResult;
 
@@ -15,7 +17,7 @@ using platform::WaitResult;
 // 9 when it is not had in time; a lock abandoned by a dead owner counts as taken.
 uint32_t Wait(MutexHandle mutex, uint32_t* error) {
     if (!mutex) return Fail(error, VMC_ERR_NOT_INITIALISED);
-    if (platform::WaitMutex(mutex, platform::kLockTimeoutMs) != WaitResult::Taken)
+    if (platform::WaitMutex(mutex, VMC_LOCK_TIMEOUT_MS) != WaitResult::Taken)
         return Fail(error, VMC_ERR_LOCK_TIMEOUT);
     *error = VMC_ERR_OK;
     return 1;

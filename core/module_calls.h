@@ -35,6 +35,7 @@ uint32_t CallInterface(const InterfaceModule& module, Fn InterfaceModule::*entry
 // The module answers into words of the library's own, stored whole
 // afterwards (whatever the outcome, as if the module had written them): a
 // value pointer may be a cached field that a lock-free reader is loading.
+// Each pointer is one word; a code answered wider is called without this.
 inline uint32_t GetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t* value1,
                         uint32_t* value2, uint32_t* error) {
     uint32_t answer1 = value1 ? LoadField(*value1) : 0;

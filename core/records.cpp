@@ -31,7 +31,7 @@ bool ChildOrDevice(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
 VMC_EXPORT uint32_t VMC_GetDeviceInfo(uint32_t deviceNo, DeviceRecord* record, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !NotNull(record, err)) return 0;
-        std::memcpy(record, &Record(deviceNo), sizeof(DeviceRecord));
+        CopyFieldsOut(record, &Record(deviceNo), sizeof(DeviceRecord));
         // The caller gets the record, not the library's heap addresses.
         std::memset(record->childRecords, 0, sizeof record->childRecords);
         return 1;
@@ -41,7 +41,7 @@ VMC_EXPORT uint32_t VMC_GetDeviceInfo(uint32_t deviceNo, DeviceRecord* record, u
 VMC_EXPORT uint32_t VMC_GetChildInfo(uint32_t deviceNo, uint32_t childNo, ChildRecord* record, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !NotNull(record, err)) return 0;
-        std::memcpy(record, Child(deviceNo, childNo), sizeof(ChildRecord));
+        CopyFieldsOut(record, Child(deviceNo, childNo), sizeof(ChildRecord));
         return 1;
     });
 }
@@ -50,7 +50,7 @@ VMC_EXPORT uint32_t VMC_GetChildMemoryInfo(uint32_t deviceNo, uint32_t childNo, 
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !NotNull(record, err)) return 0;
         const auto* child = reinterpret_cast<const char*>(Child(deviceNo, childNo));
-        std::memcpy(record, child + VMC_CHILD_MEMORY_OFFSET, sizeof(ChildRecord) - VMC_CHILD_MEMORY_OFFSET);
+        CopyFieldsOut(record, child + VMC_CHILD_MEMORY_OFFSET, sizeof(ChildRecord) - VMC_CHILD_MEMORY_OFFSET);
         return 1;
     });
 }

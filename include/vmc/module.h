@@ -23,8 +23,9 @@
  *   code VMC_DATA_GLOBAL_MUTEX (58), sub 0: data points at the
  *       vmc_lock_slot of the library-wide lock that serialises bulk transfers.
  * A slot stays valid while the device is open; the handle it holds is a
- * recursive pthread mutex. Lock it with pthread_mutex_lock (or timedlock)
- * and release it with pthread_mutex_unlock; never destroy it.
+ * recursive pthread mutex. Lock it with pthread_mutex_lock (or timedlock,
+ * waiting VMC_LOCK_TIMEOUT_MS as the library does) and release it with
+ * pthread_mutex_unlock; never destroy it.
  */
 #ifndef VMC_MODULE_H
 #define VMC_MODULE_H
@@ -36,6 +37,10 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+
+/* How long the library waits for any of its locks before it gives up with
+   error 9; a module waiting on a handed-over lock should do the same. */
+#define VMC_LOCK_TIMEOUT_MS 20000u
 
 typedef pthread_mutex_t* vmc_lock_handle;
 typedef vmc_lock_handle* vmc_lock_slot;
