@@ -63,7 +63,8 @@ inline platform::MutexHandle& DeviceMutex(uint32_t deviceNo) { return state.chan
 // Child numbers 1..this have a slot: what the camera reported, capped at the
 // twelve slots a record holds, in case a module reports more.
 inline uint32_t ChildSlots(const DeviceRecord& record) {
-    return record.maxChildDeviceCount < kMaxChildren ? record.maxChildDeviceCount : kMaxChildren;
+    const uint32_t reported = LoadField(record.maxChildDeviceCount);
+    return reported < kMaxChildren ? reported : kMaxChildren;
 }
 
 // Frees every child record of a device and nulls its slot.

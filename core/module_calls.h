@@ -35,7 +35,7 @@ uint32_t CallInterface(const InterfaceModule& module, Fn InterfaceModule::*entry
 // The module answers into words of the library's own, stored whole
 // afterwards (whatever the outcome, as if the module had written them): a
 // value pointer may be a cached field that a lock-free reader is loading.
-// Each pointer is one word; a code answered wider is called without this.
+// Each pointer is one word; a code answered wider uses GetCapsWide.
 inline uint32_t GetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t* value1,
                         uint32_t* value2, uint32_t* error) {
     uint32_t answer1 = value1 ? LoadField(*value1) : 0;
@@ -45,6 +45,15 @@ inline uint32_t GetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32
     if (value1) StoreField(*value1, answer1);
     if (value2) StoreField(*value2, answer2);
     return result;
+}
+
+// For codes a module may answer wider than a word through the first
+// pointer (a 64-bit serial number, lens parameters), into a buffer of the
+// caller's own: never a cached field.
+inline uint32_t GetCapsWide(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, void* value1,
+                            uint32_t* value2, uint32_t* error) {
+    return CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceCaps, error, child, code, sub,
+                      static_cast<uint32_t*>(value1), value2);
 }
 
 inline uint32_t SetCaps(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t value1,

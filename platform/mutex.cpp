@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <ctime>
+#include <unistd.h>
 #include <new>
 
 namespace vmc::platform {
@@ -90,8 +91,13 @@ WaitResult WaitMutex(MutexHandle mutex, uint32_t timeoutMs) {
 }
 
 bool ReleaseMutex(MutexHandle mutex) {
-    // Robust mutexes check the owner, so a release by another thread fails.
-    return mutex && pthread_mutex_unlock(mutex) == 0;
+    // A release by a thread that does not own the mutex fails. The owner is
+    // asked first (glibc keeps the owner's thread id in __owner, with two
+    // robust-state bits above it) rather than left to the unlock to refuse,
+    // so that a refused release is a plain answer and not a misuse.
+    constexpr int kOwnerIdMask = 0x3FFFFFFF;
+    if (!mutex || (mutex->__data.__owner & kOwnerIdMask) != static_cast<int>(gettid())) return false;
+    return pthread_mutex_unlock(mutex) == 0;
 }
 
 }  // namespace vmc::platform

@@ -579,8 +579,7 @@ uint32_t ReadLensParam(uint32_t deviceNo, uint32_t childNo, uint32_t parameter, 
         lock.KeepHeld();  // intended: a bad head is refused with the lock still taken
         return 0;
     }
-    return GetCaps(deviceNo, childNo, VMC_CODE_LENS_PARAM, item << 16 | parameter, static_cast<uint32_t*>(out),
-                   nullptr, error);
+    return GetCapsWide(deviceNo, childNo, VMC_CODE_LENS_PARAM, item << 16 | parameter, out, nullptr, error);
 }
 
 // ---- Mechanical shutter ------------------------------------------------------------

@@ -142,11 +142,8 @@ uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error)
 // A device or head that can't say reads all ones.
 uint32_t RefreshSerialNumber(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
     return SelfLocked(deviceNo, error, [&] {
-        // Straight to the module, not through GetCaps's one-word staging: a
-        // module may write both words through the first pointer.
-        uint32_t words[2] = {};
-        const uint32_t result = CallDevice(deviceNo, &DeviceModule::DEV_GetDeviceCaps, error, childNo,
-                                           VMC_CODE_SERIAL_NUMBER, 0u, words, static_cast<uint32_t*>(nullptr));
+        uint32_t words[2] = {};  // a module may write both through the first pointer
+        const uint32_t result = GetCapsWide(deviceNo, childNo, VMC_CODE_SERIAL_NUMBER, 0, words, nullptr, error);
         const uint64_t serial = result ? (static_cast<uint64_t>(words[1]) << 32) | words[0] : ~uint64_t{0};
         if (childNo == 0)
             StoreField(Record(deviceNo).serialNumber, serial);
