@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "core/frame.h"
-#include "core/module_files.h"
+#include <vmc/module_files.h>
 #include "platform/module_loader.h"
 
 namespace vmc {
@@ -49,8 +49,8 @@ uint32_t Load(const char* file, Table& slot, uint32_t* error) {
 
 }  // namespace
 
-const char* DeviceModuleFile(uint32_t deviceCode) { return ModuleFileOf(kDeviceModuleFiles, deviceCode); }
-const char* InterfaceModuleFile(uint32_t interfaceCode) { return ModuleFileOf(kInterfaceModuleFiles, interfaceCode); }
+const char* DeviceModuleFile(uint32_t deviceCode) { return vmc_device_module_file(deviceCode); }
+const char* InterfaceModuleFile(uint32_t interfaceCode) { return vmc_interface_module_file(interfaceCode); }
 
 uint32_t LoadDeviceModule(uint32_t deviceCode, DeviceModule& slot, uint32_t* error) {
     return Load(DeviceModuleFile(deviceCode), slot, error);

@@ -1,4 +1,6 @@
 // Opening a device: bind its module, take a record, run the state load.
+// The load lives in state/, above core/: this is the one call upward, by
+// design, as a device counts as open only once its state is loaded.
 //
 // VMC_OpenDevice and VMC_OpenDevice2 differ on their failure paths, and
 // callers depend on the difference: the first undoes a failed load, the

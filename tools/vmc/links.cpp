@@ -1,8 +1,7 @@
 #include "links.h"
 
+#include <vmc/module_files.h>
 #include <vmc/vmc.h>
-
-#include "core/module_files.h"
 
 #include <cstdio>
 
@@ -45,14 +44,14 @@ bool IsAddressed(uint32_t interfaceCode) {
 }
 
 std::string InterfaceModuleText(uint32_t interfaceCode) {
-    const char* file = vmc::ModuleFileOf(vmc::kInterfaceModuleFiles, interfaceCode);
+    const char* file = vmc_interface_module_file(interfaceCode);
     const std::string link = LinkName(interfaceCode);
     if (!file) return "interface module for " + link + " (no module file has that code)";
     return "interface module " + std::string(file) + " of the " + link + " link";
 }
 
 std::string DeviceModuleText(uint32_t deviceCode) {
-    const char* file = vmc::ModuleFileOf(vmc::kDeviceModuleFiles, deviceCode);
+    const char* file = vmc_device_module_file(deviceCode);
     const std::string code = std::to_string(deviceCode);
     if (!file) return "device module for code " + code + " (no module file has that code)";
     return "device module " + std::string(file) + " for code " + code;

@@ -10,9 +10,10 @@
 #include <set>
 #include <sstream>
 
+#include <vmc/module_files.h>
+
 #include "camera/features.h"
 #include "camera/profile.h"
-#include "core/module_files.h"
 #include "camera/profile_json_reader.h"
 
 namespace vcam {
@@ -45,7 +46,7 @@ FaultKind Kind(const Node& node) {
 }
 
 // The library's own table of module files, so that the two can't disagree.
-bool HasDeviceModule(uint32_t code) { return vmc::ModuleFileOf(vmc::kDeviceModuleFiles, code) != nullptr; }
+bool HasDeviceModule(uint32_t code) { return vmc_device_module_file(code) != nullptr; }
 
 // ---- Schema -----------------------------------------------------------------
 
