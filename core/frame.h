@@ -61,6 +61,10 @@ bool ChildRequired(uint32_t deviceNo, uint32_t childNo, uint32_t* error);
 // As ChildRequired, but child 0 (the device itself) is accepted too.
 bool ChildOrDevice(uint32_t deviceNo, uint32_t childNo, uint32_t* error);
 
+// Error 21: the module or the camera does not have what was asked. Where a
+// query is a probe, this is the answer "absent", not a failure.
+inline bool IsNotSupported(const uint32_t* error) { return *error == VMC_ERR_NOT_SUPPORTED; }
+
 // Step 5: a cached availability flag; error 21 when it is clear.
 inline bool Available(uint8_t flag, uint32_t* error) {
     if (!flag) {

@@ -204,7 +204,7 @@ TriggerWords MemoryTrigger(const ChildRecord& child) {
 }  // namespace
 
 uint32_t RefreshMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRecord* record, uint32_t* error) {
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     const bool zero = Record(deviceNo).frameZeroMode != 0;
     const Source source = {deviceNo, childNo, false, 0};
     Reads reads;
@@ -224,7 +224,7 @@ uint32_t RefreshMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRe
 
 uint32_t RefreshMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo, uint32_t partition, uint32_t noEventLists,
                                  MemFrameInfoRecord* record, uint32_t* error) {
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     const bool zero = Record(deviceNo).frameZeroMode != 0;
     const bool present = partition == child.memoryModePartition;
     const Source source = {deviceNo, childNo, true, partition};
@@ -265,7 +265,7 @@ VMC_EXPORT uint32_t VMC_ReqMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo,
                                             uint32_t noEventLists, MemFrameInfoRecord* record, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !ChildRequired(deviceNo, childNo, err)) return 0;
-        if (partition > HeadRecord(deviceNo, childNo).partitionCount) return 0;
+        if (partition > Child(deviceNo, childNo)->partitionCount) return 0;
         if (!NotNull(record, err)) return 0;
         ScopedLock lock = ScopedLock::DevicePlain(deviceNo, err);
         if (!lock) return 0;

@@ -28,8 +28,6 @@ struct ChildLoad {
 
 using Step = bool (*)(ChildLoad&);
 
-bool Tolerated(const ChildLoad& load) { return *load.error == VMC_ERR_NOT_SUPPORTED; }
-
 bool Ask(ChildLoad& load, uint32_t code, uint32_t* value1, uint32_t* value2, Rule rule, bool* answered = nullptr) {
     return Ask(load.deviceNo, load.childNo, code, 0, value1, value2, rule, load.error, answered);
 }
@@ -48,7 +46,7 @@ template <class Worker, class... Outs>
 bool Tolerant(ChildLoad& load, Worker worker, bool* answered, Outs... outs) {
     const bool ok = worker(load.deviceNo, load.childNo, outs..., load.error) != 0;
     if (answered) *answered = ok;
-    return ok || Tolerated(load);
+    return ok || IsNotSupported(load.error);
 }
 
 bool ReadIdentity(ChildLoad& load) {
@@ -181,7 +179,7 @@ bool ReadImageModes(ChildLoad& load) {
     uint32_t depth = 0, depth2 = 0;
     const bool answered = GetCaps(load.deviceNo, load.childNo, VMC_CODE_BIT_DEPTH_2, 0, &depth, &depth2, load.error);
     // A module may leave its success code in the word of a refusal.
-    if (!answered && !Tolerated(load) && *load.error != VMC_ERR_OK) return false;
+    if (!answered && !IsNotSupported(load.error) && *load.error != VMC_ERR_OK) return false;
     StoreField(child.hasBitDepth2, answered);
     if (answered) {
         StoreField(child.bitDepth, depth);
@@ -195,7 +193,7 @@ bool ReadColorEnhance(ChildLoad& load) {
     if (!load.child.hasColorEnhance) return true;
     for (uint32_t plane = 1; plane <= 3; ++plane) {
         int32_t triple[3] = {};
-        if (!RefreshColorEnhanceValue(load.deviceNo, load.childNo, plane, triple, load.error) && !Tolerated(load))
+        if (!RefreshColorEnhanceValue(load.deviceNo, load.childNo, plane, triple, load.error) && !IsNotSupported(load.error))
             return false;
     }
     return true;
@@ -274,9 +272,9 @@ bool ReadFrameLists(ChildLoad& load) {
     std::vector<uint32_t> scratch(VMC_MAX_LIST_ENTRIES);  // contents unused; only a refusal matters
     uint32_t count = 0;
     GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_EVENT_FRAME, 0, scratch.data(), &count, load.error);
-    StoreField(load.device.hasMemEventFrame, !Tolerated(load));
+    StoreField(load.device.hasMemEventFrame, !IsNotSupported(load.error));
     GetList(load.deviceNo, load.childNo, VMC_LIST_MEM_TRIGGER_FRAME, 0, scratch.data(), &count, load.error);
-    StoreField(load.device.hasMemTriggerFrameList, !Tolerated(load));
+    StoreField(load.device.hasMemTriggerFrameList, !IsNotSupported(load.error));
     return true;
 }
 
@@ -296,7 +294,7 @@ bool ReadTemperatures(ChildLoad& load) {
     uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
     uint32_t count = 0;
     const bool listed = GetList(load.deviceNo, load.childNo, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error);
-    if (!listed && !Tolerated(load)) return false;
+    if (!listed && !IsNotSupported(load.error)) return false;
     StoreField(child.hasTemperature, listed && count != 0);
     uint32_t value = 0;
     bool answered = false;
@@ -304,18 +302,18 @@ bool ReadTemperatures(ChildLoad& load) {
     StoreField(child.hasMemTemperature, answered && value != 0);
     uint8_t flag = 0;
     answered = VMC_GetWarningTemperature(load.deviceNo, load.childNo, &flag, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(child.hasWarningTemperature, answered);
     uint32_t cut = 0;
     answered = VMC_GetWarningCableCutting(load.deviceNo, load.childNo, &cut, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(child.hasWarningCableCutting, answered);
     return true;
 }
 
 bool ReadAccelerationData(ChildLoad& load, uint8_t& flag) {
     const bool answered = GetData(load.deviceNo, load.childNo, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(flag, answered);
     return true;
 }
@@ -331,7 +329,7 @@ bool ReadExtras(ChildLoad& load) {
     StoreField(child.code401Value, answered ? static_cast<uint8_t>(value) : 0);
     if (!Ask(load, VMC_CODE_SAVE_SLOT_NO, &child.saveSlotNo, nullptr, Rule::Tolerant)) return false;
     const bool irig = GetData(load.deviceNo, load.childNo, VMC_DATA_LIVE_IMAGE_IRIG, 0, 0, nullptr, load.error);
-    if (!irig && !Tolerated(load)) return false;
+    if (!irig && !IsNotSupported(load.error)) return false;
     StoreField(child.hasLiveImageIRIG, irig);
     if (!Ask(load.deviceNo, load.childNo, VMC_CODE_FEATURE, 162, &value, nullptr, Rule::Tolerant, load.error,
              &answered))

@@ -31,8 +31,6 @@ struct DeviceLoad {
 // A step returns false to end the load with result 0.
 using Step = bool (*)(DeviceLoad&);
 
-bool Tolerated(const DeviceLoad& load) { return *load.error == VMC_ERR_NOT_SUPPORTED; }
-
 bool Ask(DeviceLoad& load, uint32_t code, uint32_t sub, uint32_t* value1, uint32_t* value2, Rule rule,
          bool* answered = nullptr) {
     return Ask(load.deviceNo, 0, code, sub, value1, value2, rule, load.error, answered);
@@ -183,7 +181,7 @@ bool ReadFrameZeroAndStoreNum(DeviceLoad& load) {
     uint32_t value = 0;
     RefreshFrameZero(load.deviceNo, &value, load.error);  // answers itself for a camera without the code
     value = 0;
-    return RefreshStoreNum(load.deviceNo, &value, load.error) || Tolerated(load);
+    return RefreshStoreNum(load.deviceNo, &value, load.error) || IsNotSupported(load.error);
 }
 
 // Delay types in the order of the record's delay arrays.
@@ -241,7 +239,7 @@ bool ReadDelayValues(DeviceLoad& load) {
 bool ProbeExport(DeviceLoad& load, uint32_t (*read)(uint32_t, uint32_t*, uint32_t*), uint8_t& flag) {
     uint32_t value = 0;
     const bool answered = read(load.deviceNo, &value, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(flag, answered);
     return true;
 }
@@ -318,15 +316,15 @@ bool ReadOperationFeatures(DeviceLoad& load) {
         return false;
     uint32_t value = 0;
     const bool answered = RefreshLiveIRIG(load.deviceNo, &value, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     return Probes(load, kLast);
 }
 
 // Both counts default to 1 when the camera can't say.
 bool ReadChildCounts(DeviceLoad& load) {
     uint32_t count = 0, maxCount = 0;
-    if (!RefreshChildDeviceCount(load.deviceNo, &count, load.error) && !Tolerated(load)) return false;
-    if (!RefreshMaxChildDeviceCount(load.deviceNo, &maxCount, load.error) && !Tolerated(load)) return false;
+    if (!RefreshChildDeviceCount(load.deviceNo, &count, load.error) && !IsNotSupported(load.error)) return false;
+    if (!RefreshMaxChildDeviceCount(load.deviceNo, &maxCount, load.error) && !IsNotSupported(load.error)) return false;
     return true;
 }
 
@@ -342,7 +340,7 @@ bool CheckInitialised(DeviceLoad& load) {
 bool ReadExistingChildren(DeviceLoad& load) {
     uint32_t count = 0;
     return GetList(load.deviceNo, 0, VMC_LIST_EXIST_CHILD_DEVICE, 0, load.children, &count, load.error) ||
-           Tolerated(load);
+           IsNotSupported(load.error);
 }
 
 // Written only when the camera answers: the zeroed record is the default.
@@ -399,7 +397,7 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
     bool answered = false;
-    if (!RefreshSubPort(load.deviceNo, &value, load.error) && !Tolerated(load)) return false;
+    if (!RefreshSubPort(load.deviceNo, &value, load.error) && !IsNotSupported(load.error)) return false;
     static constexpr DeviceProbe kProbes[] = {
         {VMC_CODE_SUB_INTERFACE_MODE, &R::subInterfaceMode, nullptr, &R::hasSubInterfaceMode},
         {VMC_CODE_EXPOSE_EXTENSION, &R::exposeExtension, nullptr, &R::hasExposeExtension},
@@ -418,7 +416,7 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     if (!Probes(load, kMore)) return false;
     uint32_t fanFirst = 0, fanSecond = 0;
     const bool fan = VMC_GetFanState(load.deviceNo, &fanFirst, &fanSecond, load.error);
-    if (!fan && !Tolerated(load)) return false;
+    if (!fan && !IsNotSupported(load.error)) return false;
     StoreField(record.hasFanState, fan);
     if (!ReadStorageControl(load, 0, record.sdCardCtrl, record.hasSdCardCtrl)) return false;
     return Probe1(load, {VMC_CODE_MECHANICAL_SHUTTER, nullptr, nullptr, &R::hasMechanicalShutter});
@@ -437,11 +435,11 @@ bool ReadPixelGainMagnification(DeviceLoad& load) {
 bool ReadSyncAndExposure(DeviceLoad& load) {
     uint32_t value = 0;
     if (!Probe1(load, {VMC_CODE_SELF_SYNC_MODE, &R::selfSyncMode})) return false;
-    if (!RefreshEnableSelfSyncMode(load.deviceNo, &value, load.error) && !Tolerated(load)) return false;
+    if (!RefreshEnableSelfSyncMode(load.deviceNo, &value, load.error) && !IsNotSupported(load.error)) return false;
     if (!Probe1(load, {VMC_CODE_EXPOSURE_POSITION, &R::exposurePosition, nullptr, &R::hasExposurePosition}))
         return false;
     const bool answered = RefreshVSyncExposeDeviation(load.deviceNo, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(load.record.hasVSyncExposeDeviation, answered);
     return true;
 }
@@ -472,7 +470,7 @@ bool LoadChildren(DeviceLoad& load) {
 // Every module must answer the trigger mode.
 bool ReadTriggerMode(DeviceLoad& load) {
     if (RefreshTriggerMode(load.deviceNo, load.error)) return true;
-    if (Tolerated(load)) FreeChildRecords(load.record);
+    if (IsNotSupported(load.error)) FreeChildRecords(load.record);
     return false;
 }
 
@@ -515,13 +513,13 @@ bool ReadStorage(DeviceLoad& load) {
     if (!Probe1(load, {VMC_CODE_STORAGE_MODE, &R::storageMode, nullptr, &R::hasStorageMode})) return false;
     uint32_t first = 0, second = 0;
     const bool answered = VMC_GetSSDBoxInfo(load.deviceNo, 0, &first, &second, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(record.hasSSDBoxInfo, answered);
     if (answered) {
         for (uint32_t index = 0; index < 2; ++index) {
             if (!VMC_GetSSDBoxInfo(load.deviceNo, index, &record.ssdBoxFirstValue[index],
                                    &record.ssdBoxSecondValue[index], load.error) &&
-                !Tolerated(load))
+                !IsNotSupported(load.error))
                 return false;
         }
     }
@@ -531,7 +529,7 @@ bool ReadStorage(DeviceLoad& load) {
 bool ReadWarningTemperature(DeviceLoad& load, uint8_t& flag) {
     uint8_t value = 0;
     const bool answered = VMC_GetWarningTemperature(load.deviceNo, 0, &value, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(flag, answered);
     return true;
 }
@@ -576,7 +574,7 @@ bool ReadBattery(DeviceLoad& load) {
 // Temperature types the camera lists; 0 when it lists none.
 uint32_t TemperatureTypes(DeviceLoad& load, uint32_t (&types)[VMC_MAX_LIST_ENTRIES], bool* ok) {
     uint32_t count = 0;
-    *ok = GetList(load.deviceNo, 0, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error) || Tolerated(load);
+    *ok = GetList(load.deviceNo, 0, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error) || IsNotSupported(load.error);
     return *ok && count <= VMC_MAX_LIST_ENTRIES ? count : 0;
 }
 
@@ -678,7 +676,7 @@ bool ReadFanAndMeasurements(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
     bool answered = RefreshFanRecReadyStop(load.deviceNo, &value, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(record.hasFanRecReadyStop, answered);
     static constexpr DeviceProbe kProbes[] = {
         {VMC_CODE_MEASUREMENT_CURRENT, nullptr, nullptr, &R::hasMeasurementCurrent},
@@ -691,7 +689,7 @@ bool ReadFanAndMeasurements(DeviceLoad& load) {
     if (!ReadWarningTemperature(load, record.hasWarningTemperature)) return false;
     uint32_t cut = 0;
     answered = VMC_GetWarningCableCutting(load.deviceNo, 0, &cut, load.error);
-    if (!answered && !Tolerated(load) && *load.error != VMC_ERR_BAD_CHILD) return false;
+    if (!answered && !IsNotSupported(load.error) && *load.error != VMC_ERR_BAD_CHILD) return false;
     StoreField(record.hasWarningCableCutting, answered);
     return true;
 }
@@ -713,7 +711,7 @@ bool ReadTriggerNoiseAndIo(DeviceLoad& load) {
             StoreField(record.hasVDAIOType, 1);
             continue;
         }
-        if (Tolerated(load)) {
+        if (IsNotSupported(load.error)) {
             StoreField(record.hasVDAIOType, 0);
             break;
         }
@@ -728,7 +726,7 @@ bool ReadIdentityExtras(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     // Recorded acceleration data: asked with no buffer, the answer is only presence.
     const bool acceleration = GetData(load.deviceNo, 0, VMC_DATA_ACCELERATION, 0, 0, nullptr, load.error) != 0;
-    if (!acceleration && !Tolerated(load)) return false;
+    if (!acceleration && !IsNotSupported(load.error)) return false;
     StoreField(record.hasMemAccelerationData, acceleration);
     uint32_t value = 0;
     bool answered = false;
@@ -738,7 +736,7 @@ bool ReadIdentityExtras(DeviceLoad& load) {
     RefreshSerialNumber(load.deviceNo, 0, load.error);  // a camera without one keeps all ones
     uint32_t high = 0, low = 0;
     answered = VMC_GetMACAddress(load.deviceNo, &high, &low, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(record.hasMACAddress, answered);
     if (!Probe1(load, {VMC_CODE_PROBE_398, nullptr, nullptr, &R::hasCode398})) return false;
     RefreshMaxRandomEndlessTriggerCount(load.deviceNo, load.error);
@@ -762,7 +760,7 @@ bool ReadLinkSettings(DeviceLoad& load) {
         return false;
     uint32_t linkSpeed = 0;
     const bool answered = RefreshLinkSpeed(load.deviceNo, &linkSpeed, load.error);
-    if (!answered && !Tolerated(load)) return false;
+    if (!answered && !IsNotSupported(load.error)) return false;
     StoreField(record.hasLinkSpeed, answered);
     return true;
 }
@@ -774,7 +772,7 @@ bool ReadPacketIntervalMode(DeviceLoad& load) {
         StoreField(load.record.hasPacketIntervalMode, 1);
         StoreField(load.record.packetIntervalMode, load.packetMode);
     } else {
-        if (!Tolerated(load)) return false;
+        if (!IsNotSupported(load.error)) return false;
         StoreField(load.record.hasPacketIntervalMode, 0);
         StoreField(load.record.packetIntervalMode, 1);
     }
@@ -790,7 +788,7 @@ bool SendPacketInterval10G(DeviceLoad& load) {
         StoreField(load.record.packetInterval10G, interval);
         return true;
     }
-    if (!Tolerated(load)) return false;
+    if (!IsNotSupported(load.error)) return false;
     StoreField(load.record.hasPacketIntervalMode, 0);
     return true;
 }

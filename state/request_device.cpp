@@ -50,7 +50,7 @@ uint32_t StorageControl(uint32_t deviceNo, uint32_t wantedMode, uint32_t DeviceR
     if (result && mode != wantedMode) result = Fail(error, VMC_ERR_NOT_SUPPORTED);
     if (result)
         result = AskValue(deviceNo, 0, VMC_CODE_SD_CARD_CTRL, 0, 0, value, error);
-    else if (Refused(error))
+    else if (IsNotSupported(error))
         *value = 0;
     StoreField(Record(deviceNo).*field, *value);
     return result;

@@ -36,15 +36,13 @@ uint32_t RequestFrame(uint32_t deviceNo, uint32_t childNo, Heads heads, bool out
     });
 }
 
-inline bool Refused(const uint32_t* error) { return *error == VMC_ERR_NOT_SUPPORTED; }
-
 // Asks one value. On error 21 the value takes `fallback`; after any other
 // failure it keeps what the caller put there, so that the store which
 // follows writes back the old value.
 inline uint32_t AskValue(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t fallback,
                          uint32_t* value, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, child, code, sub, value, nullptr, error);
-    if (!result && Refused(error)) *value = fallback;
+    if (!result && IsNotSupported(error)) *value = fallback;
     return result;
 }
 
@@ -52,7 +50,7 @@ inline uint32_t AskValue(uint32_t deviceNo, uint32_t child, uint32_t code, uint3
 inline uint32_t AskPair(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, uint32_t* value1,
                         uint32_t* value2, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, child, code, sub, value1, value2, error);
-    if (!result && Refused(error)) *value1 = *value2 = 0;
+    if (!result && IsNotSupported(error)) *value1 = *value2 = 0;
     return result;
 }
 
@@ -77,8 +75,6 @@ inline int32_t FromSignMagnitude32(uint32_t word) {
     const int32_t magnitude = static_cast<int32_t>(word & 0x7FFFFFFFu);
     return (word & 0x80000000u) ? -magnitude : magnitude;
 }
-
-inline ChildRecord& HeadRecord(uint32_t deviceNo, uint32_t childNo) { return *Child(deviceNo, childNo); }
 
 // Exports of hand-written workers, by the shape of their arguments. The
 // worker is called with the export's arguments, in order.

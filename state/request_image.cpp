@@ -15,7 +15,7 @@ using ChildField = uint32_t ChildRecord::*;
 uint32_t ColorTypeInto(uint32_t deviceNo, uint32_t childNo, ChildField field, uint32_t* value, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_COLOR_TYPE, 0, value, nullptr, error);
     *value = result ? *value & 0xFFu : 0;
-    StoreField(HeadRecord(deviceNo, childNo).*field, *value);
+    StoreField(Child(deviceNo, childNo)->*field, *value);
     return result;
 }
 
@@ -54,12 +54,12 @@ uint32_t ColorTempInto(const ColorTempSet& set, uint32_t deviceNo, uint32_t chil
             result = 0;
             firstError = *error;
         }
-        if (Refused(error)) {
+        if (IsNotSupported(error)) {
             *mode = 1;
             *value1 = *value2 = *value3 = 0;
         }
     }
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     for (int i = 0; i < 4; ++i) StoreField(child.*set.fields[i], *outs[i]);
     if (!result) *error = firstError;
     return result;
@@ -78,7 +78,7 @@ uint32_t ColorEnhanceInto(int32_t (ChildRecord::*table)[9], uint32_t deviceNo, u
     values[0] = result ? FromSignMagnitude16(packed >> 16) : 0;
     values[1] = result ? FromSignMagnitude16(packed & 0xFFFFu) : 0;
     values[2] = result ? FromSignMagnitude16(third & 0xFFFFu) : 0;
-    int32_t* row = (HeadRecord(deviceNo, childNo).*table) + (plane - 1) * 3;
+    int32_t* row = (Child(deviceNo, childNo)->*table) + (plane - 1) * 3;
     for (int i = 0; i < 3; ++i) row[i] = values[i];
     return result;
 }
@@ -95,7 +95,7 @@ uint32_t CheckedDepth(uint32_t answer, uint32_t maxDepth) {
 // Code 113 into `field`; `otherwise` after a failure.
 uint32_t DepthInto(uint32_t deviceNo, uint32_t childNo, ChildField field, uint32_t otherwise, uint32_t* value,
                    uint32_t* error) {
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     uint32_t answer = 0;
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_BIT_DEPTH, 0, &answer, nullptr, error);
     *value = result ? CheckedDepth(answer, child.maxBitDepth) : otherwise;
@@ -108,7 +108,7 @@ uint32_t DepthInto(uint32_t deviceNo, uint32_t childNo, ChildField field, uint32
 // fallback's read leaves its own word, so a result 0 may carry error 1.
 uint32_t DepthPairInto(uint32_t deviceNo, uint32_t childNo, ChildField first, ChildField second, uint32_t otherwise,
                        uint32_t* depth, uint32_t* depth2, uint32_t* error) {
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     uint32_t answer = 0, answer2 = 0;
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_BIT_DEPTH_2, 0, &answer, &answer2, error);
     if (result) {
@@ -140,7 +140,7 @@ uint32_t RefreshMemColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* valu
 
 uint32_t RefreshResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height, uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, VMC_CODE_RESOLUTION, width, height, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.width, *width);
     StoreField(child.roiWidth, *width);
     StoreField(child.height, *height);
@@ -151,7 +151,7 @@ uint32_t RefreshResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width,
 uint32_t RefreshResolutionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
                                 uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, VMC_CODE_RESOLUTION_CACHE, width, height, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.width, *width);
     StoreField(child.height, *height);
     return result;
@@ -161,7 +161,7 @@ uint32_t RefreshResolutionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* w
 uint32_t RefreshResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
                               uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, VMC_CODE_RESOLUTION_ROI, width, height, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     if (!result) {
         *width = child.width;
         *height = child.height;
@@ -194,7 +194,7 @@ uint32_t RefreshColorTempBase(uint32_t deviceNo, uint32_t childNo, uint32_t* bas
         *base1 = 16;
         *base2 = 4095;
     }
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.colorTempBase1, *base1);
     StoreField(child.colorTempBase2, *base2);
     return result;
@@ -214,30 +214,30 @@ uint32_t RefreshMemColorEnhanceValue(uint32_t deviceNo, uint32_t childNo, uint32
 uint32_t RefreshMaxBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = GetCaps(deviceNo, childNo, VMC_CODE_MAX_BIT_DEPTH, 0, value, nullptr, error);
     if (!result) *value = 8;
-    StoreField(HeadRecord(deviceNo, childNo).maxBitDepth, *value);
+    StoreField(Child(deviceNo, childNo)->maxBitDepth, *value);
     return result;
 }
 
 uint32_t RefreshBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
-    const uint32_t maxDepth = HeadRecord(deviceNo, childNo).maxBitDepth;
+    const uint32_t maxDepth = Child(deviceNo, childNo)->maxBitDepth;
     return DepthInto(deviceNo, childNo, &ChildRecord::bitDepth, maxDepth, value, error);
 }
 
 uint32_t RefreshBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* depth, uint32_t* depth2, uint32_t* error) {
     return DepthPairInto(deviceNo, childNo, &ChildRecord::bitDepth, &ChildRecord::bitDepth2,
-                         HeadRecord(deviceNo, childNo).maxBitDepth, depth, depth2, error);
+                         Child(deviceNo, childNo)->maxBitDepth, depth, depth2, error);
 }
 
 // The memory view falls back on the live depth: the recording was made with it.
 uint32_t RefreshMemBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
-    const uint32_t liveDepth = HeadRecord(deviceNo, childNo).bitDepth;
+    const uint32_t liveDepth = Child(deviceNo, childNo)->bitDepth;
     return DepthInto(deviceNo, childNo, &ChildRecord::memBitDepth, liveDepth, value, error);
 }
 
 uint32_t RefreshMemBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* depth, uint32_t* depth2,
                              uint32_t* error) {
     return DepthPairInto(deviceNo, childNo, &ChildRecord::memBitDepth, &ChildRecord::memBitDepth2,
-                         HeadRecord(deviceNo, childNo).bitDepth, depth, depth2, error);
+                         Child(deviceNo, childNo)->bitDepth, depth, depth2, error);
 }
 
 // ---- Exports ---------------------------------------------------------------

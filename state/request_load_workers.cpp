@@ -53,13 +53,13 @@ uint32_t RefreshMemTemperature(uint32_t deviceNo, uint32_t childNo, uint32_t* va
     if (childNo == 0)
         StoreField(Record(deviceNo).hasMemTemperature, has);
     else
-        StoreField(HeadRecord(deviceNo, childNo).hasMemTemperature, has);
+        StoreField(Child(deviceNo, childNo)->hasMemTemperature, has);
     return result;
 }
 
 uint32_t RefreshCode401(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_PROBE_401, 0, 0, value, error);
-    StoreField(HeadRecord(deviceNo, childNo).code401Value, result ? static_cast<uint8_t>(*value) : 0);
+    StoreField(Child(deviceNo, childNo)->code401Value, result ? static_cast<uint8_t>(*value) : 0);
     return result;
 }
 
@@ -68,7 +68,7 @@ uint32_t RefreshSaveSlotNo(uint32_t deviceNo, uint32_t childNo, uint32_t* value,
     if (childNo == 0)
         StoreField(Record(deviceNo).saveSlotNo, *value);
     else
-        StoreField(HeadRecord(deviceNo, childNo).saveSlotNo, *value);
+        StoreField(Child(deviceNo, childNo)->saveSlotNo, *value);
     return result;
 }
 
@@ -148,7 +148,7 @@ uint32_t RefreshSerialNumber(uint32_t deviceNo, uint32_t childNo, uint32_t* erro
         if (childNo == 0)
             StoreField(Record(deviceNo).serialNumber, serial);
         else
-            StoreField(HeadRecord(deviceNo, childNo).serialNumber, serial);
+            StoreField(Child(deviceNo, childNo)->serialNumber, serial);
         return result;
     });
 }

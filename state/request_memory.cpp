@@ -15,7 +15,7 @@ uint32_t FramesInto(uint32_t deviceNo, uint32_t childNo, uint32_t code, uint32_t
                     uint32_t* error) {
     const uint32_t result = AskPair(deviceNo, childNo, code, 0, frames, blocks, error);
     if (result) {
-        ChildRecord& child = HeadRecord(deviceNo, childNo);
+        ChildRecord& child = *Child(deviceNo, childNo);
         StoreField(child.maxFrames, *frames);
         StoreField(child.maxFrameBlocks, *blocks);
     }
@@ -26,7 +26,7 @@ uint32_t FramesInto(uint32_t deviceNo, uint32_t childNo, uint32_t code, uint32_t
 uint32_t ListInto(uint32_t deviceNo, uint32_t childNo, uint32_t code, void* list, uint32_t* count,
                   uint32_t* error) {
     const uint32_t result = GetList(deviceNo, childNo, code, 0, list, count, error);
-    if (!result && Refused(error)) *count = 0;
+    if (!result && IsNotSupported(error)) *count = 0;
     return result;
 }
 
@@ -43,7 +43,7 @@ uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* part
         *partitions = 1;
         *blocks = 0;
     }
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.maxPartition, *partitions);
     StoreField(child.maxPartitionBlocks, *blocks);
     return result;
@@ -53,7 +53,7 @@ uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* part
 // follows the one recorded into; with 2 the two are independent.
 uint32_t RefreshCurrentPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, VMC_CODE_CURRENT_PARTITION, 0, 1, value, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.currentPartition, *value);
     if (Record(deviceNo).partitionIncMode != 2) StoreField(child.memoryModePartition, *value);
     return result;
@@ -71,7 +71,7 @@ uint32_t RefreshMaxFramesCache(uint32_t deviceNo, uint32_t childNo, uint32_t* fr
 // Both trigger words or none: a half-read trigger is marked by mode 0.
 uint32_t RefreshMemTriggerMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* afterFrames,
                                uint32_t* randomFrames, uint32_t* randomCount, uint32_t* error) {
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     uint32_t words[4] = {};
     const uint32_t result =
         GetCaps(deviceNo, childNo, VMC_CODE_TRIGGER_MODE, 0, &words[0], &words[1], error) &&
@@ -96,7 +96,7 @@ uint32_t RefreshMemEventFrame(uint32_t deviceNo, uint32_t childNo, int32_t* fram
     const uint32_t result = ListInto(deviceNo, childNo, VMC_LIST_MEM_EVENT_FRAME, frames, count, error);
     if (result)
         for (uint32_t i = 0; i < *count; ++i) frames[i] = FromSignMagnitude32(static_cast<uint32_t>(frames[i]));
-    StoreField(HeadRecord(deviceNo, childNo).eventFrameCount, std::min(*count, kEventSlots));
+    StoreField(Child(deviceNo, childNo)->eventFrameCount, std::min(*count, kEventSlots));
     return result;
 }
 
@@ -152,7 +152,7 @@ VMC_EXPORT uint32_t VMC_ReqMemModeResolution(uint32_t deviceNo, uint32_t childNo
                                              uint32_t* width, uint32_t* height, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !ChildRequired(deviceNo, childNo, err)) return 0;
-        if (partition > HeadRecord(deviceNo, childNo).partitionCount) return 0;
+        if (partition > Child(deviceNo, childNo)->partitionCount) return 0;
         return RequestFrame(deviceNo, childNo, Heads::Required, width && height, err, [&](uint32_t* e) {
             return RefreshMemModeResolution(deviceNo, childNo, partition, width, height, e);
         });

@@ -43,28 +43,28 @@ uint32_t HeadOrDeviceValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, D
     if (childNo == 0)
         StoreField(Record(deviceNo).*deviceField, *value);
     else
-        StoreField(HeadRecord(deviceNo, childNo).*childField, *value);
+        StoreField(Child(deviceNo, childNo)->*childField, *value);
     return result;
 }
 
 uint32_t ChildValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField field, uint32_t fallback,
                     uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
-    StoreField(HeadRecord(deviceNo, childNo).*field, *value);
+    StoreField(Child(deviceNo, childNo)->*field, *value);
     return result;
 }
 
 uint32_t ChildFlagValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFlag flag, uint32_t* value,
                         uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, 0, value, error);
-    StoreField(HeadRecord(deviceNo, childNo).*flag, static_cast<uint8_t>(*value));
+    StoreField(Child(deviceNo, childNo)->*flag, static_cast<uint8_t>(*value));
     return result;
 }
 
 uint32_t ChildPair(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField first, ChildField second,
                    uint32_t* value1, uint32_t* value2, uint32_t* error) {
     const uint32_t result = AskPair(deviceNo, childNo, code, 0, value1, value2, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.*first, *value1);
     StoreField(child.*second, *value2);
     return result;
@@ -73,7 +73,7 @@ uint32_t ChildPair(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFiel
 uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildField high, ChildField low,
                      uint32_t* value1, uint32_t* value2, uint32_t* error) {
     const uint32_t result = AskHalves(deviceNo, childNo, code, value1, value2, error);
-    ChildRecord& child = HeadRecord(deviceNo, childNo);
+    ChildRecord& child = *Child(deviceNo, childNo);
     StoreField(child.*high, *value1);
     StoreField(child.*low, *value2);
     return result;

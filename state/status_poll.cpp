@@ -24,15 +24,13 @@ struct Poll {
     DeviceRecord& record;
 };
 
-bool NotSupported(const Poll& poll) { return *poll.error == VMC_ERR_NOT_SUPPORTED; }
-
 // Asks one device code into a field. On failure the field takes `fallback`
 // when the camera said 21, else whatever the module left in the variable,
 // and the poll ends.
 bool Refresh(Poll& poll, uint32_t code, uint32_t& field, uint32_t fallback = 0) {
     uint32_t value = LoadField(field);
     const bool answered = GetCaps(poll.deviceNo, 0, code, 0, &value, nullptr, poll.error) != 0;
-    if (!answered && NotSupported(poll)) value = fallback;
+    if (!answered && IsNotSupported(poll.error)) value = fallback;
     StoreField(field, value);
     return answered;
 }
@@ -41,7 +39,7 @@ bool Refresh(Poll& poll, uint32_t code, uint32_t& field, uint32_t fallback = 0) 
 void RefreshNoStop(Poll& poll, uint32_t code, uint32_t sub, uint32_t& first, uint32_t* second = nullptr) {
     uint32_t value1 = LoadField(first), value2 = second ? LoadField(*second) : 0;
     const bool answered = GetCaps(poll.deviceNo, 0, code, sub, &value1, second ? &value2 : nullptr, poll.error);
-    if (!answered && NotSupported(poll)) value1 = value2 = 0;
+    if (!answered && IsNotSupported(poll.error)) value1 = value2 = 0;
     StoreField(first, value1);
     if (second) StoreField(*second, value2);
 }
@@ -74,7 +72,7 @@ bool PollPorts(Poll& poll) {
         }
         uint32_t mode = record.externalOutMode[port - 1];
         const bool answered = GetCaps(poll.deviceNo, 0, VMC_CODE_EXTERNAL_OUT_MODE, port, &mode, nullptr, poll.error);
-        if (!answered && NotSupported(poll)) mode = 0;
+        if (!answered && IsNotSupported(poll.error)) mode = 0;
         StoreField(record.externalOutMode[port - 1], mode);
         if (!answered) return false;
     }
