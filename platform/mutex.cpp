@@ -21,6 +21,13 @@ timespec DeadlineAfter(uint32_t timeoutMs) {
     return deadline;
 }
 
+// The kernel's id of the calling thread, as glibc records a mutex's owner;
+// asked once per thread, since every release compares it.
+int ThisThreadId() {
+    static thread_local const int id = static_cast<int>(gettid());
+    return id;
+}
+
 // The same count as kInfinite in event.h: a wait without limit.
 constexpr uint32_t kNoLimit = 0xFFFFFFFFu;
 
@@ -102,7 +109,7 @@ bool ReleaseMutex(MutexHandle mutex) {
     // robust-state bits above it) rather than left to the unlock to refuse,
     // so that a refused release is a plain answer and not a misuse.
     constexpr int kOwnerIdMask = 0x3FFFFFFF;
-    if (!mutex || (mutex->__data.__owner & kOwnerIdMask) != static_cast<int>(gettid())) return false;
+    if (!mutex || (mutex->__data.__owner & kOwnerIdMask) != ThisThreadId()) return false;
     return pthread_mutex_unlock(mutex) == 0;
 }
 
