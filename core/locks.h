@@ -37,9 +37,16 @@ public:
     static ScopedLock DevicePlain(uint32_t deviceNo, uint32_t* error) {
         return ScopedLock(TakeDeviceLockPlain(deviceNo, error) ? DeviceMutex(deviceNo) : nullptr);
     }
-    // The global lock, taken only while a device of the global-lock set is
-    // open; otherwise an empty guard that counts as success.
+    // A lock taken only when required: otherwise an empty guard, and *ok is
+    // true. *ok is false when a required lock was not had.
+    // The global lock is required while a device of the global-lock set is open.
     static ScopedLock GlobalIfRequired(uint32_t* error, bool* ok);
+    // The device lock, required where the caller's row says so.
+    static ScopedLock DeviceIf(bool required, uint32_t deviceNo, uint32_t* error, bool* ok) {
+        ScopedLock lock = required ? Device(deviceNo, error) : ScopedLock();
+        *ok = !required || static_cast<bool>(lock);
+        return lock;
+    }
 
     explicit operator bool() const { return mutex_ != nullptr; }
     void Release();

@@ -14,21 +14,16 @@ namespace vmc {
 namespace {
 
 // Where one case of an index reads its flag: in the device record, in the
-// named head's record, or nowhere (the index means nothing in that case).
-struct FlagRef {
-    uint8_t DeviceRecord::*device;
-    uint8_t ChildRecord::*child;
-};
-
+// named child's record, or nowhere (the index means nothing in that case).
 struct FunctionRow {
     uint32_t index;
-    FlagRef withChild;   // the caller named a head
-    FlagRef withDevice;  // the caller named the device, child 0
+    FlagRule withChild;   // the caller named a child
+    FlagRule withDevice;  // the caller named the device, child 0
 };
 
-#define CHILD(flag) FlagRef{nullptr, &ChildRecord::flag}
-#define DEVICE(flag) FlagRef{&DeviceRecord::flag, nullptr}
-#define NONE FlagRef{nullptr, nullptr}
+#define CHILD(flag) FlagRule{nullptr, nullptr, &ChildRecord::flag}
+#define DEVICE(flag) FlagRule{&DeviceRecord::flag}
+#define NONE kNoFlag
 #define FUNCTION(index, name, withChild, withDevice) {index, withChild, withDevice},
 #define RESERVED_FUNCTION(index, withChild, withDevice) {index, withChild, withDevice},
 #define NO_FUNCTION(index) {index, NONE, NONE},
@@ -91,7 +86,7 @@ VMC_EXPORT uint32_t VMC_IsFunction(uint32_t deviceNo, uint32_t childNo, uint32_t
         if (!Begin(err) || !ChildOrDevice(deviceNo, childNo, err)) return 0;
         if (index < kFirstIndex || index > kLastIndex) return Fail(err, VMC_ERR_BAD_ARGUMENT);
         const FunctionRow& row = kFunctions[index - kFirstIndex];
-        const FlagRef& flag = childNo ? row.withChild : row.withDevice;
+        const FlagRule& flag = childNo ? row.withChild : row.withDevice;
         if (!flag.device && !flag.child) return Fail(err, VMC_ERR_BAD_ARGUMENT);
         if (!NotNull(result, err)) return 0;
         *result = flag.device ? LoadFlag(Record(deviceNo).*flag.device)

@@ -8,22 +8,16 @@
 namespace vmc {
 namespace {
 
-// An availability flag of the device or of the head, or none.
-struct Flag {
-    uint8_t DeviceRecord::*device;
-    uint8_t ChildRecord::*child;
-};
-
 constexpr int kMaxFields = 4;
 
 struct DeviceRead {
-    Flag flag;
+    FlagRule flag;
     int count;
     uint32_t DeviceRecord::*fields[kMaxFields];
 };
 
 struct ChildRead {
-    Flag flag;
+    FlagRule flag;
     int count;
     uint32_t ChildRecord::*fields[kMaxFields];
 };
@@ -36,19 +30,12 @@ struct ChildOrDeviceRead {
 };
 
 struct IndexedRead {
-    uint8_t DeviceRecord::*flag;
+    FlagRule flag;
     const uint32_t* (*array)(const DeviceRecord&);
     uint32_t extent;
     uint32_t first;
     uint32_t DeviceRecord::*count;  // null: the whole array counts
 };
-
-// Step 5 of the frame: a flag of the device or of the head must be set.
-bool FlagSet(const Flag& flag, const DeviceRecord& record, const ChildRecord* child, uint32_t* error) {
-    if (flag.device && !Available(LoadFlag(record.*flag.device), error)) return false;
-    if (flag.child && !Available(LoadFlag(child->*flag.child), error)) return false;
-    return true;
-}
 
 // Nothing is written unless every output can take its value.
 bool OutputsGiven(uint32_t* const* outputs, int count, uint32_t* error) {
@@ -60,8 +47,8 @@ bool OutputsGiven(uint32_t* const* outputs, int count, uint32_t* error) {
 uint32_t ReadDevice(const DeviceRead& row, uint32_t deviceNo, uint32_t* const* outputs, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!BeginRead(deviceNo, err)) return 0;
+        if (!FlagSet(row.flag, deviceNo, 0, err) || !OutputsGiven(outputs, row.count, err)) return 0;
         const DeviceRecord& record = Record(deviceNo);
-        if (!FlagSet(row.flag, record, nullptr, err) || !OutputsGiven(outputs, row.count, err)) return 0;
         for (int i = 0; i < row.count; ++i) *outputs[i] = LoadField(record.*row.fields[i]);
         return 1;
     });
@@ -71,7 +58,7 @@ uint32_t ReadChild(const ChildRead& row, uint32_t deviceNo, uint32_t childNo, ui
                    uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         const ChildRecord* child = BeginChildRead(deviceNo, childNo, err);
-        if (!child || !FlagSet(row.flag, Record(deviceNo), child, err) || !OutputsGiven(outputs, row.count, err))
+        if (!child || !FlagSet(row.flag, deviceNo, childNo, err) || !OutputsGiven(outputs, row.count, err))
             return 0;
         for (int i = 0; i < row.count; ++i) *outputs[i] = LoadField(child->*row.fields[i]);
         return 1;
@@ -93,7 +80,7 @@ uint32_t ReadIndexed(const IndexedRead& row, uint32_t deviceNo, uint32_t index, 
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!BeginRead(deviceNo, err)) return 0;
         const DeviceRecord& record = Record(deviceNo);
-        if (row.flag && !Available(LoadFlag(record.*row.flag), err)) return 0;
+        if (!FlagSet(row.flag, deviceNo, 0, err)) return 0;
         const uint32_t counted = row.count ? LoadField(record.*row.count) : row.extent;
         const uint32_t limit = counted < row.extent ? counted : row.extent;  // never past the array
         if (index < row.first || index - row.first >= limit) return Fail(err, VMC_ERR_BAD_ARGUMENT);
@@ -107,9 +94,9 @@ uint32_t ReadIndexed(const IndexedRead& row, uint32_t deviceNo, uint32_t index, 
 
 // Expanding the table. The out-arguments are named after their fields, so
 // that the list of fields is also the list of outputs.
-#define NO_FLAG (Flag{nullptr, nullptr})
-#define DEVICE_FLAG(name) (Flag{&DeviceRecord::name, nullptr})
-#define CHILD_FLAG(name) (Flag{nullptr, &ChildRecord::name})
+#define NO_FLAG kNoFlag
+#define DEVICE_FLAG(name) (FlagRule{&DeviceRecord::name, nullptr, nullptr})
+#define CHILD_FLAG(name) (FlagRule{nullptr, nullptr, &ChildRecord::name})
 
 #define CACHED_COUNT(...) CACHED_COUNT_(__VA_ARGS__, 4, 3, 2, 1, 0)
 #define CACHED_COUNT_(a, b, c, d, n, ...) n
@@ -161,7 +148,7 @@ uint32_t ReadIndexed(const IndexedRead& row, uint32_t deviceNo, uint32_t index, 
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t index, uint32_t* value, uint32_t* error) {             \
         static_assert(!(gate).child, "an indexed read tests a device flag");                                          \
         static constexpr IndexedRead kRow = {                                                                         \
-            (gate).device, [](const DeviceRecord& record) -> const uint32_t* { return record.array; },                \
+            gate, [](const DeviceRecord& record) -> const uint32_t* { return record.array; },                \
             std::extent_v<decltype(DeviceRecord::array)>, first, limit};                                              \
         return ReadIndexed(kRow, deviceNo, index, value, error);                                                      \
     }

@@ -254,7 +254,7 @@ uint32_t RefreshMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo, uint32_t p
 
 VMC_EXPORT uint32_t VMC_ReqMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRecord* record,
                                         uint32_t* error) {
-    return RequestFrame(deviceNo, childNo, Heads::Required, record, error,
+    return RequestFrame(deviceNo, childNo, ChildRule::Child, record, error,
                         [&](uint32_t* err) { return RefreshMemFrameInfo(deviceNo, childNo, record, err); });
 }
 

@@ -12,20 +12,11 @@
 
 namespace vmc {
 
-bool BeginModuleRead(uint32_t deviceNo, uint32_t childNo, ReadTarget target, bool locked, uint32_t* error) {
+bool BeginModuleRead(uint32_t deviceNo, uint32_t childNo, ChildRule target, bool locked, uint32_t* error) {
     if (!Begin(error) || !DeviceNoInRange(deviceNo, error)) return false;
-    if (target == ReadTarget::Head && !ChildRequired(deviceNo, childNo, error)) return false;
-    if (target == ReadTarget::HeadOrDevice && !ChildOrDevice(deviceNo, childNo, error)) return false;
-    if (!locked && !Record(deviceNo).deviceCode) return Fail(error, VMC_ERR_NOT_OPEN);
+    if (!ChildAllowed(target, deviceNo, childNo, error)) return false;
+    if (!locked && !DeviceOpen(deviceNo, error)) return false;
     return true;
-}
-
-bool ReadAvailable(const ReadFlag& flag, uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
-    const DeviceRecord& record = Record(deviceNo);
-    bool set = !flag.device && !flag.child;
-    if (flag.device) set = record.*flag.device || (flag.orDevice && record.*flag.orDevice);
-    if (flag.child && childNo) set = Child(deviceNo, childNo)->*flag.child;
-    return Available(set, error);
 }
 
 bool FrameExists(uint32_t deviceNo, int32_t frame, uint32_t* error) {
@@ -45,8 +36,8 @@ struct On21 {
 
 struct CodeRead {
     bool locked;
-    ReadFlag flag;
-    ReadTarget target;
+    FlagRule flag;
+    ChildRule target;
     uint32_t values;  // out-arguments the module fills: 0, 1 or 2
     On21 on21;
     uint32_t code;
@@ -56,13 +47,13 @@ uint32_t ReadCode(const CodeRead& row, uint32_t deviceNo, uint32_t childNo, uint
                   uint32_t* value2, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!BeginModuleRead(deviceNo, childNo, row.target, row.locked, err)) return 0;
-        if (!ReadAvailable(row.flag, deviceNo, childNo, err)) return 0;
+        if (!FlagSet(row.flag, deviceNo, childNo, err)) return 0;
         if ((row.values >= 1 && !NotNull(value1, err)) || (row.values == 2 && !NotNull(value2, err))) return 0;
         bool taken = false;
-        ScopedLock lock = LockIf(row.locked, deviceNo, err, &taken);
+        ScopedLock lock = ScopedLock::DeviceIf(row.locked, deviceNo, err, &taken);
         if (!taken) return 0;
         uint32_t scratch = 0;  // a code with no output still gets a word to write
-        const uint32_t child = row.target == ReadTarget::Device ? 0 : childNo;
+        const uint32_t child = ChildArgument(row.target, childNo);
         const uint32_t result = GetCaps(deviceNo, child, row.code, sub, row.values ? value1 : &scratch,
                                         row.values == 2 ? value2 : nullptr, err);
         if (result || *err != VMC_ERR_NOT_SUPPORTED || row.on21.kind == On21::Pass) return result;
@@ -78,27 +69,27 @@ uint32_t ReadCode(const CodeRead& row, uint32_t deviceNo, uint32_t childNo, uint
 
 #define LOCKED true
 #define UNLOCKED false
-#define NO_FLAG (ReadFlag{})
-#define DEVICE_FLAG(f) (ReadFlag{&DeviceRecord::f, nullptr, nullptr, false})
-#define EITHER_FLAG(f, g) (ReadFlag{&DeviceRecord::f, &DeviceRecord::g, nullptr, false})
-#define CHILD_FLAG(f) (ReadFlag{nullptr, nullptr, &ChildRecord::f, false})
+#define NO_FLAG kNoFlag
+#define DEVICE_FLAG(f) (FlagRule{&DeviceRecord::f, nullptr, nullptr})
+#define EITHER_FLAG(f, g) (FlagRule{&DeviceRecord::f, &DeviceRecord::g, nullptr})
+#define CHILD_FLAG(f) (FlagRule{nullptr, nullptr, &ChildRecord::f})
 #define PASS (On21{})
 #define ZERO (On21{On21::Zero, 0})
 #define DEFAULT_TO(v) (On21{On21::Default, v})
 
 // The parameters each column adds, and what the generic read is given for them.
 #define TARGET_PARAMS_DEVICE
-#define TARGET_PARAMS_HEAD , uint32_t childNo
-#define TARGET_PARAMS_HEAD_OR_DEVICE , uint32_t childNo
+#define TARGET_PARAMS_CHILD , uint32_t childNo
+#define TARGET_PARAMS_CHILD_OR_DEVICE , uint32_t childNo
 #define TARGET_PARAMS_FORWARD , uint32_t childNo
 #define TARGET_ARG_DEVICE 0u
-#define TARGET_ARG_HEAD childNo
-#define TARGET_ARG_HEAD_OR_DEVICE childNo
+#define TARGET_ARG_CHILD childNo
+#define TARGET_ARG_CHILD_OR_DEVICE childNo
 #define TARGET_ARG_FORWARD childNo
-#define TARGET_DEVICE ReadTarget::Device
-#define TARGET_HEAD ReadTarget::Head
-#define TARGET_HEAD_OR_DEVICE ReadTarget::HeadOrDevice
-#define TARGET_FORWARD ReadTarget::Forward
+#define TARGET_DEVICE ChildRule::Device
+#define TARGET_CHILD ChildRule::Child
+#define TARGET_CHILD_OR_DEVICE ChildRule::ChildOrDevice
+#define TARGET_FORWARD ChildRule::Forward
 #define SUB_PARAMS_SUB0
 #define SUB_PARAMS_INDEX , uint32_t index
 #define SUB_PARAMS_PACKED16 , uint32_t a, uint32_t b
@@ -131,9 +122,15 @@ namespace {
 
 struct DataRead {
     bool locked;
-    ReadFlag flag;
+    FlagRule flag;
+    bool frameZero;  // frame 0 needs frame-zero mode (5 otherwise)
     uint32_t code;
 };
+
+// The flag column of a block read holds a flag, or FRAME_ZERO.
+struct FrameZero {};
+constexpr DataRead MakeDataRead(bool locked, FlagRule flag, uint32_t code) { return {locked, flag, false, code}; }
+constexpr DataRead MakeDataRead(bool locked, FrameZero, uint32_t code) { return {locked, kNoFlag, true, code}; }
 
 // Where the arguments of one block read go: DEV_GetData(child, code, sub,
 // value, data, extra). Readers that have no second block pass a scratch
@@ -152,14 +149,14 @@ struct DataCall {
 // error word is set to 1 on success: the module's word is not trusted to say
 // so for a block.
 template <class Prepare>
-uint32_t ReadBlock(const DataRead& row, uint32_t deviceNo, uint32_t checkChild, ReadTarget target, int32_t frame,
+uint32_t ReadBlock(const DataRead& row, uint32_t deviceNo, uint32_t checkChild, ChildRule target, int32_t frame,
                    uint32_t* error, Prepare&& prepare) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!BeginModuleRead(deviceNo, checkChild, target, row.locked, err)) return 0;
-        if (!ReadAvailable(row.flag, deviceNo, checkChild, err)) return 0;
-        if (row.flag.frameZero && !FrameExists(deviceNo, frame, err)) return 0;
+        if (!FlagSet(row.flag, deviceNo, checkChild, err)) return 0;
+        if (row.frameZero && !FrameExists(deviceNo, frame, err)) return 0;
         bool taken = false;
-        ScopedLock lock = LockIf(row.locked, deviceNo, err, &taken);
+        ScopedLock lock = ScopedLock::DeviceIf(row.locked, deviceNo, err, &taken);
         if (!taken) return 0;
         uint32_t scratch = 0;
         DataCall call;
@@ -184,7 +181,7 @@ uint32_t MemoryIndex(uint32_t deviceNo, uint32_t childNo, int32_t frame) {
 // word; the others show it none.
 uint32_t ReadMemoryFrames(const DataRead& row, uint32_t deviceNo, uint32_t childNo, int32_t frame, uint32_t count,
                           void* out, bool secondBlock, uint32_t* error) {
-    return ReadBlock(row, deviceNo, childNo, ReadTarget::Head, frame, error, [&](DataCall& call, uint32_t*) {
+    return ReadBlock(row, deviceNo, childNo, ChildRule::Child, frame, error, [&](DataCall& call, uint32_t*) {
         call.child = childNo;
         call.sub = MemoryIndex(deviceNo, childNo, frame);
         call.value = count;
@@ -197,7 +194,7 @@ uint32_t ReadMemoryFrames(const DataRead& row, uint32_t deviceNo, uint32_t child
 // A block of a RapidPack recording; the child position carries a << 24 | b.
 uint32_t ReadRapidPackBytes(const DataRead& row, uint32_t deviceNo, uint32_t a, uint32_t b, uint32_t index,
                             uint32_t count, void* out, uint32_t* error) {
-    return ReadBlock(row, deviceNo, 0, ReadTarget::Device, 1, error, [&](DataCall& call, uint32_t*) {
+    return ReadBlock(row, deviceNo, 0, ChildRule::Device, 1, error, [&](DataCall& call, uint32_t*) {
         call.child = a << 24 | b;
         call.sub = index;
         call.value = count;
@@ -210,7 +207,7 @@ uint32_t ReadRapidPackBytes(const DataRead& row, uint32_t deviceNo, uint32_t a, 
 // fills it, so that what the module leaves out reads 0.
 uint32_t ReadRecordInfo(const DataRead& row, uint32_t deviceNo, uint32_t index, uint32_t count, void* record,
                         uint32_t* error) {
-    return ReadBlock(row, deviceNo, 0, ReadTarget::Device, 1, error, [&](DataCall& call, uint32_t* err) {
+    return ReadBlock(row, deviceNo, 0, ChildRule::Device, 1, error, [&](DataCall& call, uint32_t* err) {
         if (!NotNull(record, err)) return false;
         std::memset(record, 0, VMC_RECORD_INFO_SIZE);
         call.sub = index;
@@ -225,7 +222,7 @@ uint32_t ReadRecordInfo(const DataRead& row, uint32_t deviceNo, uint32_t index, 
 // memory view's, so there is no range to convert by).
 uint32_t ReadRapidPackFrame(const DataRead& row, uint32_t deviceNo, uint32_t drive, uint32_t data, int32_t frame,
                             void* out, uint32_t* error) {
-    return ReadBlock(row, deviceNo, 0, ReadTarget::Device, frame, error, [&](DataCall& call, uint32_t*) {
+    return ReadBlock(row, deviceNo, 0, ChildRule::Device, frame, error, [&](DataCall& call, uint32_t*) {
         call.sub = drive << 16 | data;
         call.value = static_cast<uint32_t>(frame);
         call.data = out;
@@ -235,14 +232,14 @@ uint32_t ReadRapidPackFrame(const DataRead& row, uint32_t deviceNo, uint32_t dri
 
 }  // namespace
 
-#define FRAME_ZERO (ReadFlag{nullptr, nullptr, nullptr, true})
+#define FRAME_ZERO (FrameZero{})
 #define DATA_READ(exportName, lock, flag, code) \
-    constexpr DataRead kRow_##exportName{lock, flag, code};
+    constexpr DataRead kRow_##exportName = MakeDataRead(lock, flag, code);
 #include "state/module_reads.def"
 
 VMC_EXPORT uint32_t VMC_GetSSDBoxDataName(uint32_t deviceNo, uint32_t count, uint32_t index, void* name,
                                           uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetSSDBoxDataName, deviceNo, 0, ReadTarget::Device, 1, error,
+    return ReadBlock(kRow_VMC_GetSSDBoxDataName, deviceNo, 0, ChildRule::Device, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.sub = index;
                          call.value = count;
@@ -300,7 +297,7 @@ VMC_EXPORT uint32_t VMC_GetRapidPackTemperature(uint32_t deviceNo, uint32_t driv
 
 VMC_EXPORT uint32_t VMC_GetRapidPackSMART(uint32_t deviceNo, uint32_t index, uint32_t count, void* out, void* extra,
                                           uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetRapidPackSMART, deviceNo, 0, ReadTarget::Device, 1, error,
+    return ReadBlock(kRow_VMC_GetRapidPackSMART, deviceNo, 0, ChildRule::Device, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.sub = index;
                          call.value = count;
@@ -319,7 +316,7 @@ VMC_EXPORT uint32_t VMC_GetRapidPackAcceleration(uint32_t deviceNo, uint32_t dri
 // and last frame (code 378) convert the caller's frame number.
 VMC_EXPORT uint32_t VMC_GetMediaAcceleration(uint32_t deviceNo, uint32_t a, uint32_t slot, int32_t frame, void* out,
                                              uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetMediaAcceleration, deviceNo, 0, ReadTarget::Device, frame, error,
+    return ReadBlock(kRow_VMC_GetMediaAcceleration, deviceNo, 0, ChildRule::Device, frame, error,
                      [&](DataCall& call, uint32_t* err) {
                          uint32_t first = 0, last = 0;
                          if (!GetCaps(deviceNo, 0, VMC_CODE_MEDIA_FRAME_RANGE, slot, &first, &last, err)) return false;
@@ -349,7 +346,7 @@ VMC_EXPORT uint32_t VMC_GetMemTemperatureData(uint32_t deviceNo, uint32_t childN
 VMC_EXPORT uint32_t VMC_GetMemAccelerationData(uint32_t deviceNo, uint32_t childNo, void* out, int32_t frame,
                                                uint32_t count, uint32_t* error) {
     const uint32_t head = childNo ? childNo : 1;
-    return ReadBlock(kRow_VMC_GetMemAccelerationData, deviceNo, head, ReadTarget::Head, frame, error,
+    return ReadBlock(kRow_VMC_GetMemAccelerationData, deviceNo, head, ChildRule::Child, frame, error,
                      [&](DataCall& call, uint32_t*) {
                          call.child = childNo;
                          call.sub = MemoryIndex(deviceNo, head, frame);
@@ -364,7 +361,7 @@ VMC_EXPORT uint32_t VMC_GetMemAccelerationData(uint32_t deviceNo, uint32_t child
 // module judges it.
 VMC_EXPORT uint32_t VMC_GetAdjustmentData(uint32_t deviceNo, uint32_t childNo, uint32_t index, void* data,
                                           uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetAdjustmentData, deviceNo, childNo, ReadTarget::Forward, 1, error,
+    return ReadBlock(kRow_VMC_GetAdjustmentData, deviceNo, childNo, ChildRule::Forward, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.child = childNo;
                          call.sub = index;
@@ -375,7 +372,7 @@ VMC_EXPORT uint32_t VMC_GetAdjustmentData(uint32_t deviceNo, uint32_t childNo, u
 
 VMC_EXPORT uint32_t VMC_GetInherentInfo(uint32_t deviceNo, uint32_t childNo, uint32_t index, void* data,
                                         uint32_t* length, uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetInherentInfo, deviceNo, childNo, ReadTarget::Head, 1, error,
+    return ReadBlock(kRow_VMC_GetInherentInfo, deviceNo, childNo, ChildRule::Child, 1, error,
                      [&](DataCall& call, uint32_t* err) {
                          if (!NotNull(length, err)) return false;
                          call.child = childNo;
@@ -387,7 +384,7 @@ VMC_EXPORT uint32_t VMC_GetInherentInfo(uint32_t deviceNo, uint32_t childNo, uin
 }
 
 VMC_EXPORT uint32_t VMC_GetLiveImageIRIGData(uint32_t deviceNo, uint32_t childNo, void* out, uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetLiveImageIRIGData, deviceNo, childNo, ReadTarget::Head, 1, error,
+    return ReadBlock(kRow_VMC_GetLiveImageIRIGData, deviceNo, childNo, ChildRule::Child, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.child = childNo;
                          call.data = out;
@@ -398,7 +395,7 @@ VMC_EXPORT uint32_t VMC_GetLiveImageIRIGData(uint32_t deviceNo, uint32_t childNo
 
 VMC_EXPORT uint32_t VMC_GetManufactureVersionInfomation(uint32_t deviceNo, uint32_t index, void* out,
                                                         uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetManufactureVersionInfomation, deviceNo, 0, ReadTarget::Device, 1, error,
+    return ReadBlock(kRow_VMC_GetManufactureVersionInfomation, deviceNo, 0, ChildRule::Device, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.sub = index;
                          call.data = out;
@@ -407,7 +404,7 @@ VMC_EXPORT uint32_t VMC_GetManufactureVersionInfomation(uint32_t deviceNo, uint3
 }
 
 VMC_EXPORT uint32_t VMC_GetShadingData(uint32_t deviceNo, uint32_t childNo, void* data, uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetShadingData, deviceNo, childNo, ReadTarget::Head, 1, error,
+    return ReadBlock(kRow_VMC_GetShadingData, deviceNo, childNo, ChildRule::Child, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.child = childNo;
                          call.data = data;
@@ -416,7 +413,7 @@ VMC_EXPORT uint32_t VMC_GetShadingData(uint32_t deviceNo, uint32_t childNo, void
 }
 
 VMC_EXPORT uint32_t VMC_GetTelnetCommand(uint32_t deviceNo, uint32_t index, void* data, uint32_t* error) {
-    return ReadBlock(kRow_VMC_GetTelnetCommand, deviceNo, 0, ReadTarget::Device, 1, error,
+    return ReadBlock(kRow_VMC_GetTelnetCommand, deviceNo, 0, ChildRule::Device, 1, error,
                      [&](DataCall& call, uint32_t*) {
                          call.sub = index;
                          call.data = data;

@@ -23,30 +23,23 @@ constexpr uint32_t kHeadPartitionBits = 0x1400;
 // report the state of the shutter.
 constexpr uint32_t kFirstShutterErrorDevice = 28, kLastShutterErrorDevice = 32;
 
-bool AllPresent(std::initializer_list<const void*> outs, uint32_t* error) {
-    for (const void* out : outs)
-        if (!NotNull(out, error)) return false;
-    return true;
-}
-
 // The frame of a hand-written read: the checks of BeginModuleRead, the flag,
 // the out-arguments (5), the lock where `locked`, then the work.
 template <class Work>
-uint32_t ParticularRead(uint32_t deviceNo, uint32_t childNo, ReadTarget target, bool locked, const ReadFlag& flag,
+uint32_t ParticularRead(uint32_t deviceNo, uint32_t childNo, ChildRule target, bool locked, const FlagRule& flag,
                         std::initializer_list<const void*> outs, uint32_t* error, Work&& work) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!BeginModuleRead(deviceNo, childNo, target, locked, err)) return 0;
-        if (!ReadAvailable(flag, deviceNo, childNo, err)) return 0;
-        if (!AllPresent(outs, err)) return 0;
+        if (!FlagSet(flag, deviceNo, childNo, err)) return 0;
+        if (!AllGiven(outs, err)) return 0;
         bool taken = false;
-        ScopedLock lock = LockIf(locked, deviceNo, err, &taken);
+        ScopedLock lock = ScopedLock::DeviceIf(locked, deviceNo, err, &taken);
         if (!taken) return 0;
         return work(err);
     });
 }
 
 constexpr bool kLocked = true, kUnlocked = false;
-const ReadFlag kNoFlag{};
 
 inline uint32_t High16(uint32_t word) { return word >> 16; }
 inline uint32_t Low16(uint32_t word) { return word & 0xFFFFu; }
@@ -68,7 +61,7 @@ bool AskPacked(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t* high,
 // Sub-codes 0 to 3 of a restriction code, two words each, into the outputs in order.
 uint32_t ReadRestriction(uint32_t deviceNo, uint32_t childNo, uint32_t code, uint32_t* const (&outs)[8],
                          uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kLocked, kNoFlag,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kLocked, kNoFlag,
                           {outs[0], outs[1], outs[2], outs[3], outs[4], outs[5], outs[6], outs[7]}, error,
                           [&](uint32_t* err) -> uint32_t {
                               for (uint32_t sub = 0; sub < 4; ++sub)
@@ -87,7 +80,7 @@ uint32_t AskState(uint32_t deviceNo, uint32_t code, uint32_t slot, uint32_t a, u
 
 uint32_t ReadSplitState(uint32_t deviceNo, uint32_t code, uint32_t slot, uint32_t a, uint32_t* high, uint32_t* low,
                         uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {high, low}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {high, low}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t word = 0;
                               if (!AskState(deviceNo, code, slot, a, &word, err)) return 0;
@@ -103,7 +96,7 @@ uint32_t ReadSplitState(uint32_t deviceNo, uint32_t code, uint32_t slot, uint32_
 uint32_t ReadChannel(uint32_t deviceNo, uint32_t channel, bool locked, uint32_t* rate, uint32_t* width,
                      uint32_t* height, uint32_t* xPos, uint32_t* yPos,
                      std::initializer_list<std::pair<uint32_t, uint32_t*>> extras, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, locked, kNoFlag, {rate, width, height, xPos, yPos}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, locked, kNoFlag, {rate, width, height, xPos, yPos}, error,
                           [&](uint32_t* err) -> uint32_t {
                               for (const auto& extra : extras)
                                   if (!NotNull(extra.second, err)) return 0;
@@ -128,7 +121,7 @@ uint32_t ReadChannel(uint32_t deviceNo, uint32_t channel, bool locked, uint32_t*
 // change the scratch set. `second` is null for a limit of one word.
 uint32_t ReadScratchLimit(uint32_t deviceNo, std::initializer_list<std::pair<uint32_t, uint32_t>> writes,
                           uint32_t limitCode, uint32_t* first, uint32_t* second, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {first}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {first}, error,
                           [&](uint32_t* err) -> uint32_t {
                               for (const auto& [code, value] : writes)
                                   if (!SetCaps(deviceNo, 0, code, 0, value, 0, err)) return 0;
@@ -144,7 +137,7 @@ uint32_t ReadScratchLimit(uint32_t deviceNo, std::initializer_list<std::pair<uin
 // asked anew and kept as a signed byte, so that a head reporting 0xFF reads
 // as -1 everywhere. The others keep what the open read.
 VMC_EXPORT uint32_t VMC_GetColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* colorType, uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kUnlocked, kNoFlag, {colorType}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kUnlocked, kNoFlag, {colorType}, error,
                           [&](uint32_t* err) -> uint32_t {
                               ChildRecord& child = *Child(deviceNo, childNo);
                               if (!(Record(deviceNo).deviceCode & kExchangeableHeadsBit)) {
@@ -163,7 +156,7 @@ VMC_EXPORT uint32_t VMC_GetColorType(uint32_t deviceNo, uint32_t childNo, uint32
 
 VMC_EXPORT uint32_t VMC_GetMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* maxPartition, uint32_t* blocks,
                                         uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kUnlocked, kNoFlag, {maxPartition, blocks}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kUnlocked, kNoFlag, {maxPartition, blocks}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const ChildRecord& child = *Child(deviceNo, childNo);
                               uint32_t partitions = LoadField(child.maxPartition);
@@ -181,7 +174,7 @@ VMC_EXPORT uint32_t VMC_GetMaxPartition(uint32_t deviceNo, uint32_t childNo, uin
 // follows the drive, so it is asked anew (from what the module holds).
 VMC_EXPORT uint32_t VMC_GetMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* maxFrames, uint32_t* blocks,
                                      uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kUnlocked, kNoFlag, {maxFrames, blocks}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kUnlocked, kNoFlag, {maxFrames, blocks}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const ChildRecord& child = *Child(deviceNo, childNo);
                               uint32_t frames = LoadField(child.maxFrames);
@@ -196,7 +189,7 @@ VMC_EXPORT uint32_t VMC_GetMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32
 }
 
 VMC_EXPORT uint32_t VMC_GetVSyncExposeDeviation(uint32_t deviceNo, uint32_t* deviation, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {deviation}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {deviation}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const uint32_t result = RefreshVSyncExposeDeviation(deviceNo, err);
                               *deviation = Record(deviceNo).vSyncExposeDeviation;
@@ -207,9 +200,9 @@ VMC_EXPORT uint32_t VMC_GetVSyncExposeDeviation(uint32_t deviceNo, uint32_t* dev
 // The device's flag for child 0, the head's otherwise: a head may keep a
 // temperature type of its own.
 VMC_EXPORT uint32_t VMC_GetMemTemperatureType(uint32_t deviceNo, uint32_t childNo, uint32_t* type, uint32_t* error) {
-    const ReadFlag flag = childNo ? ReadFlag{nullptr, nullptr, &ChildRecord::hasMemTemperature}
-                                  : ReadFlag{&DeviceRecord::hasMemTemperature};
-    return ParticularRead(deviceNo, childNo, ReadTarget::HeadOrDevice, kUnlocked, flag, {type}, error,
+    const FlagRule flag = childNo ? FlagRule{nullptr, nullptr, &ChildRecord::hasMemTemperature}
+                                  : FlagRule{&DeviceRecord::hasMemTemperature};
+    return ParticularRead(deviceNo, childNo, ChildRule::ChildOrDevice, kUnlocked, flag, {type}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t value = 0;
                               const uint32_t result = RefreshMemTemperature(deviceNo, childNo, &value, err);
@@ -223,7 +216,7 @@ VMC_EXPORT uint32_t VMC_GetMemTemperatureType(uint32_t deviceNo, uint32_t childN
 // The answer is kept whether or not the camera gave one: the metadata layer
 // reads the last status the caller saw.
 VMC_EXPORT uint32_t VMC_GetStatus(uint32_t deviceNo, uint32_t* status, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {status}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {status}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_STATUS, 0, status, nullptr, err);
                               if (!RecordDeviceStatus(deviceNo, *status)) return Fail(err, VMC_ERR_NO_MEMORY);
@@ -235,7 +228,7 @@ VMC_EXPORT uint32_t VMC_GetStatus(uint32_t deviceNo, uint32_t* status, uint32_t*
 
 // Type 0 when the camera does not tell; the call itself always succeeds.
 VMC_EXPORT uint32_t VMC_GetShadingResponseType(uint32_t deviceNo, uint32_t childNo, uint32_t* type, uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kUnlocked, ReadFlag{nullptr, nullptr, &ChildRecord::hasShading},
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kUnlocked, FlagRule{nullptr, nullptr, &ChildRecord::hasShading},
                           {type}, error, [&](uint32_t* err) -> uint32_t {
                               uint32_t value = 0;
                               const uint32_t result =
@@ -250,7 +243,7 @@ VMC_EXPORT uint32_t VMC_GetShadingResponseType(uint32_t deviceNo, uint32_t child
 
 VMC_EXPORT uint32_t VMC_GetPartitionList(uint32_t deviceNo, uint32_t childNo, uint32_t* count, uint32_t* frames,
                                          uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kLocked, kNoFlag, {count}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kLocked, kNoFlag, {count}, error,
                           [&](uint32_t* err) -> uint32_t {
                               if (!GetCaps(deviceNo, childNo, VMC_CODE_PARTITION_COUNT, 0, count, nullptr, err))
                                   return 0;
@@ -268,7 +261,7 @@ VMC_EXPORT uint32_t VMC_GetPartitionList(uint32_t deviceNo, uint32_t childNo, ui
 // Bits 0-7, bit 8 (the raw-mosaic flag) and bits 16-23 of the option word.
 VMC_EXPORT uint32_t VMC_GetTransferOption(uint32_t deviceNo, uint32_t childNo, uint32_t* first, uint32_t* second,
                                           uint32_t* third, uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::Head, kLocked, kNoFlag, {first, second, third}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::Child, kLocked, kNoFlag, {first, second, third}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t word = 0;
                               if (!GetCaps(deviceNo, childNo, VMC_CODE_TRANSFER_OPTION, 0, &word, nullptr, err))
@@ -330,7 +323,7 @@ VMC_EXPORT uint32_t VMC_GetVariableChannelInfo3(uint32_t deviceNo, uint32_t chan
 // the first word.
 VMC_EXPORT uint32_t VMC_GetEnableVariableChannelSetting(uint32_t deviceNo, uint32_t channel, uint32_t width,
                                                         uint32_t height, uint32_t* value, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {value}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {value}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t size = width << 16 | Low16(height);
                               return GetCaps(deviceNo, 0, VMC_CODE_ENABLE_VARIABLE_CHANNEL_SETTING, channel, &size,
@@ -343,7 +336,7 @@ VMC_EXPORT uint32_t VMC_GetEnableVariableChannelSetting(uint32_t deviceNo, uint3
 VMC_EXPORT uint32_t VMC_GetVariableRestriction(uint32_t deviceNo, uint32_t* first, uint32_t* second, uint32_t* third,
                                                uint32_t* fourth, uint32_t* fifth, uint32_t* sixth, uint32_t* seventh,
                                                uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag,
                           {first, second, third, fourth, fifth, sixth, seventh}, error, [&](uint32_t* err) -> uint32_t {
                               const uint32_t code = VMC_CODE_VARIABLE_RESTRICTION;
                               return AskDevice(deviceNo, code, 0, third, fourth, err) &&
@@ -361,7 +354,7 @@ VMC_EXPORT uint32_t VMC_GetAutoExposureInfo(uint32_t deviceNo, uint32_t childNo,
                                             uint32_t* xPos, uint32_t* yPos, uint32_t* value, uint32_t* range,
                                             uint32_t* limit, uint32_t* error) {
     return ParticularRead(
-        deviceNo, childNo, ReadTarget::Head, kLocked, kNoFlag, {width, height, xPos, yPos, value, range, limit}, error,
+        deviceNo, childNo, ChildRule::Child, kLocked, kNoFlag, {width, height, xPos, yPos, value, range, limit}, error,
         [&](uint32_t* err) -> uint32_t {
             if (!AskPacked(deviceNo, childNo, VMC_CODE_AUTO_EXPOSURE_INFO_SIZE, width, height, err) ||
                 !AskPacked(deviceNo, childNo, VMC_CODE_AUTO_EXPOSURE_INFO_POSITION, xPos, yPos, err))
@@ -381,7 +374,7 @@ VMC_EXPORT uint32_t VMC_GetAutoExposureInfo(uint32_t deviceNo, uint32_t childNo,
 VMC_EXPORT uint32_t VMC_GetImageTriggerInfo(uint32_t deviceNo, uint32_t* firstHigh, uint32_t* firstLow,
                                             uint32_t* secondHigh, uint32_t* secondLow, uint32_t* third,
                                             uint32_t* fourth, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag,
                           {firstHigh, firstLow, secondHigh, secondLow, third, fourth}, error,
                           [&](uint32_t* err) -> uint32_t {
                               return AskPacked(deviceNo, 0, VMC_CODE_IMAGE_TRIGGER_INFO_1, firstHigh, firstLow, err) &&
@@ -411,7 +404,7 @@ VMC_EXPORT uint32_t VMC_GetImageTriggerRestriction(uint32_t deviceNo, uint32_t c
 
 VMC_EXPORT uint32_t VMC_GetStepShutter(uint32_t deviceNo, uint32_t childNo, uint32_t* first, uint32_t* second,
                                        uint32_t* third, uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::HeadOrDevice, kLocked, kNoFlag, {first, second, third}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::ChildOrDevice, kLocked, kNoFlag, {first, second, third}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t* const outs[] = {first, second, third};
                               for (uint32_t sub = 0; sub < 3; ++sub)
@@ -425,7 +418,7 @@ VMC_EXPORT uint32_t VMC_GetStepShutter(uint32_t deviceNo, uint32_t childNo, uint
 // (6-11), hours (12-16), days (17-25) and the signal flag (26). A camera that
 // can't say leaves the record as it was; the call succeeds all the same.
 VMC_EXPORT uint32_t VMC_GetLiveIRIGData(uint32_t deviceNo, IrigRecord* record, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, ReadFlag{&DeviceRecord::hasLiveIRIG}, {record},
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, FlagRule{&DeviceRecord::hasLiveIRIG}, {record},
                           error, [&](uint32_t* err) -> uint32_t {
                               uint32_t subSeconds = 0, word = 0;
                               if (GetCaps(deviceNo, 0, VMC_CODE_LIVE_IRIG, 0, &subSeconds, &word, err)) {
@@ -444,7 +437,7 @@ VMC_EXPORT uint32_t VMC_GetLiveIRIGData(uint32_t deviceNo, IrigRecord* record, u
 // first, then the second word split as VMC_SetCamCoderModel packs it.
 VMC_EXPORT uint32_t VMC_GetCamCoderModel(uint32_t deviceNo, uint32_t* first, uint32_t* second, uint32_t* third,
                                          uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {first, second, third}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {first, second, third}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t word = 0;
                               if (!AskDevice(deviceNo, VMC_CODE_CAM_CODER_MODEL, 0, first, &word, err)) return 0;
@@ -457,7 +450,7 @@ VMC_EXPORT uint32_t VMC_GetCamCoderModel(uint32_t deviceNo, uint32_t* first, uin
 // a and b from the low and high halves of the first word, as
 // VMC_SetLiveResetMode packs them, and c the second.
 VMC_EXPORT uint32_t VMC_GetLiveResetMode(uint32_t deviceNo, uint32_t* a, uint32_t* b, uint32_t* c, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {a, b, c}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {a, b, c}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t word = 0;
                               if (!AskDevice(deviceNo, VMC_CODE_LIVE_RESET_MODE, 0, &word, c, err)) return 0;
@@ -474,7 +467,7 @@ VMC_EXPORT uint32_t VMC_GetSdCardState(uint32_t deviceNo, uint32_t slot, uint32_
 
 VMC_EXPORT uint32_t VMC_GetSdCardInfo(uint32_t deviceNo, uint32_t slot, uint32_t* high, uint32_t* low,
                                       uint32_t* extra, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {high, low, extra}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {high, low, extra}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t word = 0;
                               if (!AskDevice(deviceNo, VMC_CODE_SD_CARD_INFO, slot, &word, extra, err)) return 0;
@@ -487,7 +480,7 @@ VMC_EXPORT uint32_t VMC_GetSdCardInfo(uint32_t deviceNo, uint32_t slot, uint32_t
 // The same state as VMC_GetSdCardState, the word whole.
 VMC_EXPORT uint32_t VMC_GetRapidPackState(uint32_t deviceNo, uint32_t slot, uint32_t a, uint32_t* word,
                                           uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {word}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {word}, error,
                           [&](uint32_t* err) { return AskState(deviceNo, VMC_CODE_SD_CARD_STATE, slot, a, word, err); });
 }
 
@@ -501,7 +494,7 @@ VMC_EXPORT uint32_t VMC_GetMediaState(uint32_t deviceNo, uint32_t slot, uint32_t
 // The flag is tested under the lock: the head's, or the device's for child 0.
 VMC_EXPORT uint32_t VMC_GetTemperature(uint32_t deviceNo, uint32_t childNo, uint32_t type, uint32_t* temperature,
                                        uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::HeadOrDevice, kLocked, kNoFlag, {temperature}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::ChildOrDevice, kLocked, kNoFlag, {temperature}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const uint8_t has = childNo ? Child(deviceNo, childNo)->hasTemperature
                                                           : Record(deviceNo).hasTemperature;
@@ -513,7 +506,7 @@ VMC_EXPORT uint32_t VMC_GetTemperature(uint32_t deviceNo, uint32_t childNo, uint
 // One byte: 1 while the camera warns. No flag is tested, since this is the
 // read by which the open learns whether the camera can warn at all.
 VMC_EXPORT uint32_t VMC_GetWarningTemperature(uint32_t deviceNo, uint32_t childNo, uint8_t* warning, uint32_t* error) {
-    return ParticularRead(deviceNo, childNo, ReadTarget::HeadOrDevice, kLocked, kNoFlag, {warning}, error,
+    return ParticularRead(deviceNo, childNo, ChildRule::ChildOrDevice, kLocked, kNoFlag, {warning}, error,
                           [&](uint32_t* err) -> uint32_t {
                               uint32_t value = 0;
                               const uint32_t result =
@@ -527,7 +520,7 @@ VMC_EXPORT uint32_t VMC_GetWarningTemperature(uint32_t deviceNo, uint32_t childN
 
 // The module writes the text of network `index` into a buffer of the size of a name.
 VMC_EXPORT uint32_t VMC_GetWiFiScanInfoA(uint32_t deviceNo, uint32_t index, char* info, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {info}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {info}, error,
                           [&](uint32_t* err) -> uint32_t {
                               alignas(uint32_t) char text[VMC_NAME_SIZE] = {};
                               if (!GetCaps(deviceNo, 0, VMC_CODE_WIFI_SCAN_INFO, index,
@@ -552,7 +545,7 @@ VMC_EXPORT uint32_t VMC_GetWiFiScanInfoW(uint32_t deviceNo, uint32_t index, wcha
 // ---- Media ------------------------------------------------------------------------
 
 VMC_EXPORT uint32_t VMC_GetMediaInfo(uint32_t deviceNo, uint32_t slot, MediaInfo* info, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {info}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {info}, error,
                           [&](uint32_t* err) { return ReadMediaInfo(deviceNo, slot, info, err); });
 }
 
@@ -585,7 +578,7 @@ uint32_t ReadLensParam(uint32_t deviceNo, uint32_t childNo, uint32_t parameter, 
 // ---- Mechanical shutter ------------------------------------------------------------
 
 VMC_EXPORT uint32_t VMC_GetMechanicalShutterError(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
-    return ParticularRead(deviceNo, 0, ReadTarget::Device, kLocked, kNoFlag, {value}, error,
+    return ParticularRead(deviceNo, 0, ChildRule::Device, kLocked, kNoFlag, {value}, error,
                           [&](uint32_t* err) -> uint32_t {
                               const uint32_t code = Record(deviceNo).deviceCode;
                               if (code >= kFirstShutterErrorDevice && code <= kLastShutterErrorDevice)

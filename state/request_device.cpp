@@ -186,7 +186,7 @@ REQUEST_EXPORT_DEVICE_1(VMC_ReqStoreNum, RefreshStoreNum)
 // The trigger words are refreshed as one; the caller gets what is cached after.
 VMC_EXPORT uint32_t VMC_ReqTriggerMode(uint32_t deviceNo, uint32_t* mode, uint32_t* afterFrames,
                                        uint32_t* randomFrames, uint32_t* randomCount, uint32_t* error) {
-    return RequestFrame(deviceNo, 0, Heads::None, mode && afterFrames && randomFrames && randomCount, error,
+    return RequestFrame(deviceNo, 0, ChildRule::Device, mode && afterFrames && randomFrames && randomCount, error,
                         [&](uint32_t* err) {
                             const uint32_t result = RefreshTriggerMode(deviceNo, err);
                             const DeviceRecord& record = Record(deviceNo);
@@ -200,7 +200,7 @@ VMC_EXPORT uint32_t VMC_ReqTriggerMode(uint32_t deviceNo, uint32_t* mode, uint32
 
 VMC_EXPORT uint32_t VMC_ReqCalMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
                                         uint32_t* error) {
-    return RequestFrame(deviceNo, childNo, Heads::OrDevice, value1 && value2, error,
+    return RequestFrame(deviceNo, childNo, ChildRule::ChildOrDevice, value1 && value2, error,
                         [&](uint32_t* err) { return RefreshCalMaxFrames(deviceNo, childNo, value1, value2, err); });
 }
 

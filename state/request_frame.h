@@ -12,28 +12,29 @@
 
 namespace vmc {
 
-// Which child numbers an export accepts.
-enum class Heads : uint8_t {
-    None,      // a device setting: no child argument
-    Required,  // a head setting: 1..maxChildDeviceCount, present
-    OrDevice,  // 0 for the device as well
-};
-
-// The frame of a request export: initialised (2), error 1, the child (4),
-// the out-arguments present (5), the device lock, the worker, the release.
-// The result and the error word are the worker's.
+// The frame of a request export: the flag where the row has one (21; tested
+// first, before the library is asked whether it is initialised), initialised
+// (2), error 1, the child (4), the arguments valid and the outputs given (5),
+// the device lock, the worker, the release. The result and the error word
+// are the worker's.
 template <class Worker>
-uint32_t RequestFrame(uint32_t deviceNo, uint32_t childNo, Heads heads, bool outsPresent, uint32_t* error,
-                      Worker&& worker) {
+uint32_t RequestFrame(uint32_t deviceNo, uint32_t childNo, ChildRule rule, const FlagRule& flag, bool argumentsGiven,
+                      uint32_t* error, Worker&& worker) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
+        if (!FlagSet(flag, deviceNo, childNo, err)) return 0;
         if (!Begin(err)) return 0;
-        if (heads == Heads::Required && !ChildRequired(deviceNo, childNo, err)) return 0;
-        if (heads == Heads::OrDevice && !ChildOrDevice(deviceNo, childNo, err)) return 0;
-        if (!outsPresent) return Fail(err, VMC_ERR_BAD_ARGUMENT);
+        if (!ChildAllowed(rule, deviceNo, childNo, err)) return 0;
+        if (!argumentsGiven) return Fail(err, VMC_ERR_BAD_ARGUMENT);
         ScopedLock lock = ScopedLock::Device(deviceNo, err);
         if (!lock) return 0;
         return worker(err);
     });
+}
+
+template <class Worker>
+uint32_t RequestFrame(uint32_t deviceNo, uint32_t childNo, ChildRule rule, bool argumentsGiven, uint32_t* error,
+                      Worker&& worker) {
+    return RequestFrame(deviceNo, childNo, rule, kNoFlag, argumentsGiven, error, static_cast<Worker&&>(worker));
 }
 
 // Asks one value. On error 21 the value takes `fallback`; after any other
@@ -76,47 +77,58 @@ inline int32_t FromSignMagnitude32(uint32_t word) {
     return (word & 0x80000000u) ? -magnitude : magnitude;
 }
 
-// Exports of hand-written workers, by the shape of their arguments. The
-// worker is called with the export's arguments, in order.
+// The export half of every request, by the shape of its arguments: the rows
+// of requests.def and the hand-written workers alike. The worker is called
+// with the export's arguments, in order.
 #define REQUEST_EXPORT_DEVICE_1(exportName, worker)                                                              \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
-        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
+        return RequestFrame(deviceNo, 0, ChildRule::Device, value, error,                                              \
                             [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
+    }
+#define REQUEST_EXPORT_DEVICE_2(exportName, worker)                                                              \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {     \
+        return RequestFrame(deviceNo, 0, ChildRule::Device, value1 && value2, error,                             \
+                            [&](uint32_t* err) { return worker(deviceNo, value1, value2, err); });               \
     }
 #define REQUEST_EXPORT_DEVICE_INDEXED(exportName, worker)                                                        \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t index, uint32_t* value, uint32_t* error) {        \
-        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
+        return RequestFrame(deviceNo, 0, ChildRule::Device, value, error,                                              \
                             [&](uint32_t* err) { return worker(deviceNo, index, value, err); });                 \
     }
-#define REQUEST_EXPORT_HEAD_1(exportName, worker)                                                                \
+#define REQUEST_EXPORT_CHILD_OR_DEVICE_1(exportName, worker)                                                     \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+        return RequestFrame(deviceNo, childNo, ChildRule::ChildOrDevice, value, error,                           \
                             [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
     }
-#define REQUEST_EXPORT_HEAD_2(exportName, worker)                                                                \
+#define REQUEST_EXPORT_CHILD_1(exportName, worker)                                                                \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
+        return RequestFrame(deviceNo, childNo, ChildRule::Child, value, error,                                    \
+                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
+    }
+#define REQUEST_EXPORT_CHILD_2(exportName, worker)                                                                \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
                                    uint32_t* error) {                                                            \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2, error,                         \
+        return RequestFrame(deviceNo, childNo, ChildRule::Child, value1 && value2, error,                         \
                             [&](uint32_t* err) { return worker(deviceNo, childNo, value1, value2, err); });      \
     }
-#define REQUEST_EXPORT_HEAD_4(exportName, worker)                                                                \
+#define REQUEST_EXPORT_CHILD_4(exportName, worker)                                                                \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
                                    uint32_t* value3, uint32_t* value4, uint32_t* error) {                        \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2 && value3 && value4, error,     \
+        return RequestFrame(deviceNo, childNo, ChildRule::Child, value1 && value2 && value3 && value4, error,     \
                             [&](uint32_t* err) {                                                                 \
                                 return worker(deviceNo, childNo, value1, value2, value3, value4, err);           \
                             });                                                                                  \
     }
-#define REQUEST_EXPORT_HEAD_INDEXED(exportName, worker, Value)                                                   \
+#define REQUEST_EXPORT_CHILD_INDEXED(exportName, worker, Value)                                                   \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t index, Value* value,            \
                                    uint32_t* error) {                                                            \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
+        return RequestFrame(deviceNo, childNo, ChildRule::Child, value, error,                                    \
                             [&](uint32_t* err) { return worker(deviceNo, childNo, index, value, err); });        \
     }
-#define REQUEST_EXPORT_HEAD_LIST(exportName, worker, Entry)                                                      \
+#define REQUEST_EXPORT_CHILD_LIST(exportName, worker, Entry)                                                      \
     VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, Entry* list, uint32_t* count,            \
                                    uint32_t* error) {                                                            \
-        return RequestFrame(deviceNo, childNo, Heads::Required, list && count, error,                            \
+        return RequestFrame(deviceNo, childNo, ChildRule::Child, list && count, error,                            \
                             [&](uint32_t* err) { return worker(deviceNo, childNo, list, count, err); });         \
     }
 

@@ -135,27 +135,28 @@ uint32_t RefreshMemModeResolution(uint32_t deviceNo, uint32_t childNo, uint32_t 
 
 // ---- Exports ---------------------------------------------------------------
 
-REQUEST_EXPORT_HEAD_2(VMC_ReqMaxPartition, RefreshMaxPartition)
-REQUEST_EXPORT_HEAD_1(VMC_ReqCurrentPartition, RefreshCurrentPartition)
-REQUEST_EXPORT_HEAD_2(VMC_ReqMaxFrames, RefreshMaxFrames)
-REQUEST_EXPORT_HEAD_2(VMC_ReqMaxFramesCache, RefreshMaxFramesCache)
-REQUEST_EXPORT_HEAD_4(VMC_ReqMemTriggerMode, RefreshMemTriggerMode)
-REQUEST_EXPORT_HEAD_LIST(VMC_ReqMemEventFrame, RefreshMemEventFrame, int32_t)
-REQUEST_EXPORT_HEAD_LIST(VMC_ReqMemEventRCount, RefreshMemEventRCount, uint32_t)
-REQUEST_EXPORT_HEAD_LIST(VMC_ReqMemTriggerFrameList, RefreshMemTriggerFrameList, uint32_t)
-REQUEST_EXPORT_HEAD_2(VMC_ReqMemTwoStageTriggerFrame, RefreshMemTwoStageTriggerFrame)
-REQUEST_EXPORT_HEAD_INDEXED(VMC_ReqMemRecordedFramesPerTrigger, RefreshMemRecordedFramesPerTrigger, uint32_t)
+REQUEST_EXPORT_CHILD_2(VMC_ReqMaxPartition, RefreshMaxPartition)
+REQUEST_EXPORT_CHILD_1(VMC_ReqCurrentPartition, RefreshCurrentPartition)
+REQUEST_EXPORT_CHILD_2(VMC_ReqMaxFrames, RefreshMaxFrames)
+REQUEST_EXPORT_CHILD_2(VMC_ReqMaxFramesCache, RefreshMaxFramesCache)
+REQUEST_EXPORT_CHILD_4(VMC_ReqMemTriggerMode, RefreshMemTriggerMode)
+REQUEST_EXPORT_CHILD_LIST(VMC_ReqMemEventFrame, RefreshMemEventFrame, int32_t)
+REQUEST_EXPORT_CHILD_LIST(VMC_ReqMemEventRCount, RefreshMemEventRCount, uint32_t)
+REQUEST_EXPORT_CHILD_LIST(VMC_ReqMemTriggerFrameList, RefreshMemTriggerFrameList, uint32_t)
+REQUEST_EXPORT_CHILD_2(VMC_ReqMemTwoStageTriggerFrame, RefreshMemTwoStageTriggerFrame)
+REQUEST_EXPORT_CHILD_INDEXED(VMC_ReqMemRecordedFramesPerTrigger, RefreshMemRecordedFramesPerTrigger, uint32_t)
 
 // A partition beyond those configured is not an error of the camera's: the
 // call answers nothing and leaves the word at success, before any lock.
 VMC_EXPORT uint32_t VMC_ReqMemModeResolution(uint32_t deviceNo, uint32_t childNo, uint32_t partition,
                                              uint32_t* width, uint32_t* height, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !ChildRequired(deviceNo, childNo, err)) return 0;
-        if (partition > Child(deviceNo, childNo)->partitionCount) return 0;
-        return RequestFrame(deviceNo, childNo, Heads::Required, width && height, err, [&](uint32_t* e) {
-            return RefreshMemModeResolution(deviceNo, childNo, partition, width, height, e);
-        });
+        if (!Begin(err) || !ChildAllowed(ChildRule::Child, deviceNo, childNo, err)) return 0;
+        if (partition > LoadField(Child(deviceNo, childNo)->partitionCount)) return 0;
+        if (!AllGiven({width, height}, err)) return 0;
+        ScopedLock lock = ScopedLock::Device(deviceNo, err);
+        if (!lock) return 0;
+        return RefreshMemModeResolution(deviceNo, childNo, partition, width, height, err);
     });
 }
 

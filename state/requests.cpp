@@ -37,7 +37,7 @@ uint32_t DevicePair(uint32_t deviceNo, uint32_t code, DeviceField first, DeviceF
     return result;
 }
 
-uint32_t HeadOrDeviceValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, DeviceField deviceField,
+uint32_t ChildOrDeviceValue(uint32_t deviceNo, uint32_t childNo, uint32_t code, DeviceField deviceField,
                            ChildField childField, uint32_t fallback, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, childNo, code, 0, fallback, value, error);
     if (childNo == 0)
@@ -87,92 +87,56 @@ uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFi
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return DeviceValue(deviceNo, code, &DeviceRecord::field, fallback, value, error);                        \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
-        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
-                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
-    }
+    REQUEST_EXPORT_DEVICE_1(exportName, worker)
 #define DEVICE_FLAG(exportName, worker, code, flag)                                                              \
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return DeviceFlagValue(deviceNo, code, &DeviceRecord::flag, value, error);                               \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
-        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
-                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
-    }
+    REQUEST_EXPORT_DEVICE_1(exportName, worker)
 #define DEVICE_PAIR(exportName, worker, code, first, second)                                                     \
     uint32_t worker(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {                    \
         return DevicePair(deviceNo, code, &DeviceRecord::first, &DeviceRecord::second, value1, value2, error);   \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {     \
-        return RequestFrame(deviceNo, 0, Heads::None, value1 && value2, error,                                   \
-                            [&](uint32_t* err) { return worker(deviceNo, value1, value2, err); });               \
-    }
+    REQUEST_EXPORT_DEVICE_2(exportName, worker)
 #define DEVICE_QUERY(exportName, worker, code, fallback)                                                         \
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return AskValue(deviceNo, 0, code, 0, fallback, value, error);                                           \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                        \
-        return RequestFrame(deviceNo, 0, Heads::None, value, error,                                              \
-                            [&](uint32_t* err) { return worker(deviceNo, value, err); });                        \
-    }
-#define HEAD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback)                                          \
+    REQUEST_EXPORT_DEVICE_1(exportName, worker)
+#define CHILD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback)                                         \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
-        return HeadOrDeviceValue(deviceNo, childNo, code, &DeviceRecord::field, &ChildRecord::field, fallback,   \
-                                 value, error);                                                                  \
+        return ChildOrDeviceValue(deviceNo, childNo, code, &DeviceRecord::field, &ChildRecord::field, fallback,  \
+                                  value, error);                                                                 \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::OrDevice, value, error,                                    \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
-    }
+    REQUEST_EXPORT_CHILD_OR_DEVICE_1(exportName, worker)
 #define CHILD_VALUE(exportName, worker, code, field, fallback)                                                   \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return ChildValue(deviceNo, childNo, code, &ChildRecord::field, fallback, value, error);                 \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
-    }
+    REQUEST_EXPORT_CHILD_1(exportName, worker)
 #define CHILD_FLAG(exportName, worker, code, flag)                                                               \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return ChildFlagValue(deviceNo, childNo, code, &ChildRecord::flag, value, error);                        \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
-    }
+    REQUEST_EXPORT_CHILD_1(exportName, worker)
 #define CHILD_PAIR(exportName, worker, code, first, second)                                                      \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
         return ChildPair(deviceNo, childNo, code, &ChildRecord::first, &ChildRecord::second, value1, value2,     \
                          error);                                                                                 \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
-                                   uint32_t* error) {                                                            \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2, error,                         \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value1, value2, err); });      \
-    }
+    REQUEST_EXPORT_CHILD_2(exportName, worker)
 #define CHILD_PACKED(exportName, worker, code, high, low)                                                        \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
         return ChildPacked(deviceNo, childNo, code, &ChildRecord::high, &ChildRecord::low, value1, value2,       \
                            error);                                                                               \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,      \
-                                   uint32_t* error) {                                                            \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value1 && value2, error,                         \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value1, value2, err); });      \
-    }
+    REQUEST_EXPORT_CHILD_2(exportName, worker)
 #define CHILD_QUERY(exportName, worker, code, fallback)                                                          \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return AskValue(deviceNo, childNo, code, 0, fallback, value, error);                                     \
     }                                                                                                            \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
-    }
-#define CHILD_ALIAS(exportName, worker)                                                                          \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {      \
-        return RequestFrame(deviceNo, childNo, Heads::Required, value, error,                                    \
-                            [&](uint32_t* err) { return worker(deviceNo, childNo, value, err); });               \
-    }
+    REQUEST_EXPORT_CHILD_1(exportName, worker)
+#define CHILD_ALIAS(exportName, worker) REQUEST_EXPORT_CHILD_1(exportName, worker)
 #include "state/requests.def"
 
 // ---- Fields that only the state load and the poll fill ---------------------
@@ -194,11 +158,8 @@ uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFi
 // ---- The link rows: asked only of a camera that has the link functions -----
 
 VMC_EXPORT uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
-    return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Available(Record(deviceNo).hasLinkSpeed, err)) return 0;
-        return RequestFrame(deviceNo, 0, Heads::None, value, err,
-                            [&](uint32_t* e) { return RefreshLinkSpeed(deviceNo, value, e); });
-    });
+    return RequestFrame(deviceNo, 0, ChildRule::Device, FlagRule{&DeviceRecord::hasLinkSpeed}, value, error,
+                        [&](uint32_t* err) { return RefreshLinkSpeed(deviceNo, value, err); });
 }
 
 uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
@@ -208,19 +169,16 @@ uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
 uint32_t RefreshPacketIntervalMode(uint32_t deviceNo, uint32_t kind, uint32_t* value, uint32_t* error) {
     const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_PACKET_INTERVAL_MODE, kind, 1, value, error);
     DeviceRecord& record = Record(deviceNo);
-    (kind == 0 ? record.packetIntervalMode : record.packetInterval10G) = *value;
+    StoreField(kind == 0 ? record.packetIntervalMode : record.packetInterval10G, *value);
     return result;
 }
 
+// The index is the packet-interval kind: 0 the mode, 1 the 10G interval.
 VMC_EXPORT uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index, uint32_t* value,
                                               uint32_t* error) {
-    return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Available(Record(deviceNo).hasPacketIntervalMode, err)) return 0;
-        if (!Begin(err)) return 0;
-        if (index > 1) return Fail(err, VMC_ERR_BAD_ARGUMENT);
-        return RequestFrame(deviceNo, 0, Heads::None, value, err,
-                            [&](uint32_t* e) { return RefreshPacketIntervalMode(deviceNo, index, value, e); });
-    });
+    return RequestFrame(deviceNo, 0, ChildRule::Device, FlagRule{&DeviceRecord::hasPacketIntervalMode},
+                        index <= 1 && value, error,
+                        [&](uint32_t* err) { return RefreshPacketIntervalMode(deviceNo, index, value, err); });
 }
 
 }  // namespace vmc

@@ -13,20 +13,6 @@
 namespace vmc {
 namespace {
 
-// As in the table-made lists: without a head to vouch for it, the device
-// slot must be taken before its module is called.
-bool DeviceOpen(uint32_t deviceNo, uint32_t* error) {
-    if (deviceNo >= kDeviceCount || !Record(deviceNo).deviceCode) {
-        *error = VMC_ERR_NOT_OPEN;
-        return false;
-    }
-    return true;
-}
-
-bool Outputs(uint32_t* count, uint32_t* entries, uint32_t* error) {
-    return NotNull(count, error) && NotNull(entries, error);
-}
-
 // What a list reads when the camera has the setting but cannot list it.
 template <uint32_t N>
 uint32_t StandIn(const uint32_t (&values)[N], uint32_t* count, uint32_t* entries, uint32_t* error) {
@@ -40,7 +26,7 @@ uint32_t StandIn(const uint32_t (&values)[N], uint32_t* count, uint32_t* entries
 uint32_t DeviceList(uint32_t deviceNo, uint32_t child, uint32_t list, uint32_t* count, uint32_t* entries,
                     uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !Outputs(count, entries, err)) return 0;
+        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !AllGiven({count, entries}, err)) return 0;
         return GetList(deviceNo, child, list, 0, entries, count, err);
     });
 }
@@ -52,7 +38,7 @@ constexpr uint32_t kLUTOrgValueLists[] = {VMC_LIST_LUT_ORG_VALUE_1, VMC_LIST_LUT
 uint32_t LUTList(const uint32_t (&lists)[3], uint32_t deviceNo, uint32_t childNo, uint32_t plane, uint32_t* count,
                  uint32_t* entries, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !Outputs(count, entries, err)) return 0;
+        if (!Begin(err) || !ChildRequired(deviceNo, childNo, err) || !AllGiven({count, entries}, err)) return 0;
         ScopedLock lock = ScopedLock::Device(deviceNo, err);
         if (!lock) return 0;
         if (plane < 1 || plane > 3) {
@@ -81,7 +67,7 @@ VMC_EXPORT uint32_t VMC_GetExistChildDeviceList(uint32_t deviceNo, uint32_t* cou
 VMC_EXPORT uint32_t VMC_GetPartitionIncModeList(uint32_t deviceNo, uint32_t* count, uint32_t* list,
                                                 uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !Outputs(count, list, err)) return 0;
+        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !AllGiven({count, list}, err)) return 0;
         if (!Record(deviceNo).hasPartitionIncMode) return StandIn({0u}, count, list, err);
         if (GetList(deviceNo, 0, VMC_LIST_PARTITION_INC_MODE, 0, list, count, err)) return 1;
         return *err == VMC_ERR_NOT_SUPPORTED ? StandIn({0u, 1u}, count, list, err) : 0;
@@ -91,7 +77,7 @@ VMC_EXPORT uint32_t VMC_GetPartitionIncModeList(uint32_t deviceNo, uint32_t* cou
 // A camera that cannot list its delay types has the seven basic ones.
 VMC_EXPORT uint32_t VMC_GetDelayTypeList(uint32_t deviceNo, uint32_t* count, uint32_t* list, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !Outputs(count, list, err)) return 0;
+        if (!Begin(err) || !DeviceOpen(deviceNo, err) || !AllGiven({count, list}, err)) return 0;
         if (GetList(deviceNo, 0, VMC_LIST_DELAY_TYPE, 0, list, count, err)) return 1;
         return *err == VMC_ERR_NOT_SUPPORTED ? StandIn({1u, 2u, 3u, 4u, 5u, 6u, 7u}, count, list, err) : 0;
     });
@@ -119,7 +105,8 @@ VMC_EXPORT uint32_t VMC_GetDeviceErrorList(uint32_t deviceNo, uint32_t childNo, 
                                            uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !ChildOrDevice(deviceNo, childNo, err)) return 0;
-        if (!Available(Record(deviceNo).hasDeviceErrorList, err) || !Outputs(count, list, err)) return 0;
+        if (!FlagSet(FlagRule{&DeviceRecord::hasDeviceErrorList}, deviceNo, 0, err) || !AllGiven({count, list}, err))
+            return 0;
         if (!GetList(deviceNo, childNo, VMC_LIST_DEVICE_ERROR, 0, list, count, err)) return 0;
         *err = VMC_ERR_OK;
         return 1;
@@ -141,7 +128,7 @@ VMC_EXPORT uint32_t VMC_GetLUTOrgValueList(uint32_t deviceNo, uint32_t childNo, 
 VMC_EXPORT uint32_t VMC_GetDropFrameList(uint32_t deviceNo, uint32_t childNo, uint32_t* count, uint32_t* list,
                                          uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !ChildOrDevice(deviceNo, childNo, err) || !Outputs(count, list, err)) return 0;
+        if (!Begin(err) || !ChildOrDevice(deviceNo, childNo, err) || !AllGiven({count, list}, err)) return 0;
         ScopedLock lock = ScopedLock::Device(deviceNo, err);
         if (!lock) return 0;
         if (!ModuleOf(deviceNo).DEV_GetDropFrameList) {
@@ -158,7 +145,7 @@ VMC_EXPORT uint32_t VMC_GetDropFrameList(uint32_t deviceNo, uint32_t childNo, ui
 // close on another thread is seen whole or not at all.
 VMC_EXPORT uint32_t VMC_GetOpenedDeviceList(uint32_t* count, uint32_t* list, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
-        if (!Begin(err) || !Outputs(count, list, err)) return 0;
+        if (!Begin(err) || !AllGiven({count, list}, err)) return 0;
         std::lock_guard<std::recursive_mutex> table(state.tableMutex);
         uint32_t found = 0;
         for (uint32_t deviceNo = 0; deviceNo < kDeviceCount; ++deviceNo)

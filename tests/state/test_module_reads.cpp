@@ -48,12 +48,12 @@ struct CodeRow {
 #define ZERO (On21{On21::Zero, 0})
 #define DEFAULT_TO(v) (On21{On21::Default, v})
 #define TARGET_DEVICE Target::Device
-#define TARGET_HEAD Target::Head
-#define TARGET_HEAD_OR_DEVICE Target::HeadOrDevice
+#define TARGET_CHILD Target::Head
+#define TARGET_CHILD_OR_DEVICE Target::HeadOrDevice
 #define TARGET_FORWARD Target::Forward
 #define ARGS_TARGET_DEVICE
-#define ARGS_TARGET_HEAD , child
-#define ARGS_TARGET_HEAD_OR_DEVICE , child
+#define ARGS_TARGET_CHILD , child
+#define ARGS_TARGET_CHILD_OR_DEVICE , child
 #define ARGS_TARGET_FORWARD , child
 #define SUB_SUB0 Sub::Zero
 #define SUB_INDEX Sub::Index

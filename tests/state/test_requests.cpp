@@ -44,7 +44,7 @@ const Row kRows[] = {
 #define DEVICE_PAIR(e, w, code, first, second) \
     ROW(e, Pair, Device, code, 0, CALL_DEVICE_2(e), DEVICE_READ(first), DEVICE_READ(second))
 #define DEVICE_QUERY(e, w, code, fallback) ROW(e, Query, Device, code, fallback, CALL_DEVICE_1(e), nullptr, nullptr)
-#define HEAD_OR_DEVICE_VALUE(e, w, code, field, fallback)                                       \
+#define CHILD_OR_DEVICE_VALUE(e, w, code, field, fallback)                                       \
     ROW(e, Value, HeadOrDevice, code, fallback, CALL_HEAD_1(e),                                  \
         [](const DeviceRecord& d, const ChildRecord& c, uint32_t childNo) -> uint32_t {         \
             return childNo ? c.field : d.field;                                                 \
