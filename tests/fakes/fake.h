@@ -12,7 +12,8 @@
  * null or empty module or entry name matches any module or entry. The
  * module name is the file base name, e.g. "DMOD026" or "IMOD_ETHER".
  *
- * Answer order. The first queued answer (FIFO) that matches is consumed;
+ * Answer order. A fault set with FAKE_FailCall comes first, when its call
+ * arrives. Then the first queued answer (FIFO) that matches is consumed;
  * otherwise the newest standing rule that matches wins, so a later, more
  * specific rule overrides an earlier general one; otherwise the default.
  *
@@ -158,7 +159,8 @@ typedef struct FakeCall {
 
 typedef void (*FakeHook)(const FakeCall* call, void* context);
 
-/* Clears all rules, queued answers, hooks, lock slots and the log. */
+/* Clears all rules, queued answers, hooks, lock slots, the pending fault
+   and the log. */
 FAKE_API void FAKE_Reset(void) FAKE_NOEXCEPT;
 
 /* A standing answer: value outputs take value1 and value2. */
@@ -192,6 +194,15 @@ FAKE_API void FAKE_SetAddress(const char* module, const char* entry, uint32_t ch
    One hook per (entry, code): setting again replaces it, a null hook removes
    it. The newest matching hook runs. */
 FAKE_API void FAKE_SetHook(const char* entry, uint32_t code, FakeHook hook, void* context) FAKE_NOEXCEPT;
+
+/* Fails one call, for sweeping a failure over every call of an operation:
+   counting every call of any test module from now on, 0-based, call n
+   returns 0 and leaves error (any code but 1) in the error word, once;
+   later calls answer as scripted. The failing call is logged and its hook
+   runs, but it writes no output, as a module that failed before it had an
+   answer, and it consumes no queued answer. Setting it again replaces a
+   pending fault. */
+FAKE_API void FAKE_FailCall(uint32_t n, uint32_t error) FAKE_NOEXCEPT;
 
 FAKE_API uint32_t FAKE_CallCount(void) FAKE_NOEXCEPT;
 /* Copies call number index (0 = oldest kept); 0 when there is none. */

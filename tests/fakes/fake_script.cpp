@@ -48,6 +48,10 @@ struct Script {
     std::vector<LockSlot> slots;
     std::vector<FakeCall> log;
     uint64_t firstSerial = 0;  // serial of log[0]; calls keep their serial across clears
+    // FAKE_FailCall: the serial of the call that fails, and its code.
+    bool faultArmed = false;
+    uint64_t faultSerial = 0;
+    uint32_t faultError = 0;
 };
 
 // Never destroyed: a module may still be called while the process exits.
@@ -131,7 +135,18 @@ void StoreLockSlot(Script& script, const FakeCall& call) {
     script.slots.push_back({call.module, call.handle, which, slot});
 }
 
-fake::Reply ChooseAnswer(Script& script, const FakeCall& call) {
+// The answer of a module that failed before it had anything to report.
+fake::Reply InjectedFault(uint32_t error) {
+    fake::Reply answer;
+    answer.error = error;
+    return answer;
+}
+
+fake::Reply ChooseAnswer(Script& script, const FakeCall& call, uint64_t serial) {
+    if (script.faultArmed && script.faultSerial == serial) {
+        script.faultArmed = false;
+        return InjectedFault(script.faultError);
+    }
     const auto queued = std::find_if(script.queue.begin(), script.queue.end(),
                                      [&](const Rule& rule) { return Matches(rule, call); });
     if (queued != script.queue.end()) {
@@ -171,7 +186,7 @@ Reply Dispatch(FakeCall& call) noexcept {
     if (hook) hook(&call, context);  // outside the lock: it may block or script
 
     const std::lock_guard lock(script.mutex);
-    Reply answer = ChooseAnswer(script, call);
+    Reply answer = ChooseAnswer(script, call, serial);
     const std::string_view entry = call.entry;
     if (entry == "DEV_ReadRegister" && answer.error == kSuccess) answer.result = answer.value1;
     if (answer.writesOutputs && OneOf(entry, {"DEV_OpenDevice", "DEV_OpenDevice2", "INT_Open", "INT_Open2"}))
@@ -200,6 +215,7 @@ FAKE_API void FAKE_Reset(void) noexcept {
     script.slots.clear();
     script.firstSerial += script.log.size();
     script.log.clear();
+    script.faultArmed = false;
 }
 
 FAKE_API void FAKE_SetAnswer(const char* module, const char* entry, uint32_t child, uint32_t code, uint32_t sub,
@@ -242,6 +258,14 @@ FAKE_API void FAKE_SetHook(const char* entry, uint32_t code, FakeHook hook, void
     const std::lock_guard lock(script.mutex);
     std::erase_if(script.hooks, [&](const Hook& h) { return h.entry == name && h.code == code; });
     if (hook) script.hooks.push_back({name, code, hook, context});
+}
+
+FAKE_API void FAKE_FailCall(uint32_t n, uint32_t error) noexcept {
+    Script& script = TheScript();
+    const std::lock_guard lock(script.mutex);
+    script.faultArmed = true;
+    script.faultSerial = script.firstSerial + script.log.size() + n;
+    script.faultError = error;
 }
 
 FAKE_API uint32_t FAKE_CallCount(void) noexcept {

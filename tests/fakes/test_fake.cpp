@@ -308,6 +308,26 @@ TEST_F(FakeModules, ResetForgetsTheScript) {
     EXPECT_EQ(Caps(0, 1, 0, &error), kUnwritten);
 }
 
+TEST_F(FakeModules, FailCallCountsEveryModuleAndFailsOnce) {
+    FAKE_SetAnswer(nullptr, "DEV_GetDeviceCaps", FAKE_ANY, FAKE_ANY, FAKE_ANY, 5, 0, 1);
+    uint32_t error = 0, result = 9, count = 0;
+    Caps(0, 1, 0, &error);  // before the countdown: not counted
+    FAKE_FailCall(1, 113);
+    FAKE_QueueAnswer(nullptr, "DEV_GetDeviceCaps", FAKE_ANY, FAKE_ANY, FAKE_ANY, 6, 0, 1);
+    detect(&count, nullptr, nullptr, &error);  // call 0, in another module
+    EXPECT_EQ(Caps(0, 1, 0, &error, &result), kUnwritten) << "no output written";
+    EXPECT_EQ(result, 0u);
+    EXPECT_EQ(error, 113u);
+    EXPECT_EQ(fake::Log()[2].error, 113u);
+    EXPECT_EQ(Caps(0, 1, 0, &error), 6u) << "once, and the queued answer is still there";
+    EXPECT_EQ(Caps(0, 1, 0, &error), 5u);
+
+    FAKE_FailCall(0, 9);
+    FAKE_Reset();
+    EXPECT_EQ(Caps(0, 1, 0, &error), kUnwritten);
+    EXPECT_EQ(error, 21u) << "the reset disarmed it";
+}
+
 #define FAKE_ENTRY_NAME(slot, name) #name,
 constexpr const char* kDeviceEntries[] = {VMC_DEVICE_ENTRIES(FAKE_ENTRY_NAME)};
 constexpr const char* kInterfaceEntries[] = {VMC_INTERFACE_ENTRIES(FAKE_ENTRY_NAME)};
