@@ -55,11 +55,13 @@ uint32_t CloseDevice(uint32_t deviceNo, uint32_t* error) {
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_CloseDevice(uint32_t deviceNo, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) {
         std::lock_guard tables(state.tableMutex);
         return CloseDevice(deviceNo, err);
     });
 }
-
-}  // namespace vmc

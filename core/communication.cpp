@@ -65,6 +65,10 @@ uint32_t ReadCommunicationValue(const char* name, uint32_t fallback) {
     return platform::UserStoreRead(kStoreKey, name, &value) ? value : fallback;
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_SetInterfaceInfo(uint32_t interfaceCode, uint32_t packetSize, uint32_t sendPort,
                                          uint32_t receivePort, uint32_t connectMode, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
@@ -125,5 +129,3 @@ VMC_EXPORT uint32_t VMC_GetCommunicationParameter(uint32_t interfaceCode, uint32
         return 1;
     });
 }
-
-}  // namespace vmc

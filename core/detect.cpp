@@ -111,6 +111,10 @@ uint32_t Detect(uint32_t interfaceCode, uint32_t* addressList, uint32_t addressC
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_DetectDevice(uint32_t interfaceCode, uint32_t* addressList, uint32_t addressCount,
                                      uint32_t mode, DetectInfo* info, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) {
@@ -140,5 +144,3 @@ VMC_EXPORT uint32_t VMC_DetectDeviceLV(uint32_t interfaceCode, uint32_t* address
         return result;
     });
 }
-
-}  // namespace vmc

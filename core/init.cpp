@@ -69,6 +69,10 @@ __attribute__((destructor)) void ProcessDetach() {
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_Init(uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (state.initialised) return Fail(err, VMC_ERR_ALREADY_INITIALISED);
@@ -137,5 +141,3 @@ VMC_EXPORT uint32_t VMC_GetLastError(uint32_t deviceNo, uint32_t* value1, uint32
         return 1;
     });
 }
-
-}  // namespace vmc

@@ -55,6 +55,10 @@ uint32_t EthernetInfoResult(uint32_t index, uint32_t answered, uint32_t* value, 
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_GetPacketSize(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !DeviceNoInRange(deviceNo, err)) return 0;
@@ -174,5 +178,3 @@ VMC_EXPORT uint32_t VMC_GetConnectedEthernetInfo(uint32_t deviceNo, uint32_t ind
         return EthernetInfoResult(index, answered, value, err);
     });
 }
-
-}  // namespace vmc

@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstring>
 
-#include "core/frame.h"
 #include <vmc/module_files.h>
+
+#include "core/frame.h"
+#include "core/module_calls.h"
 #include "platform/module_loader.h"
 
 namespace vmc {

@@ -51,6 +51,10 @@ uint32_t Widen(wchar_t* wide, uint32_t* error, NarrowCall narrow) {
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_GetDeviceNameA(uint32_t deviceNo, uint32_t childNo, char* name, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) { return DeviceNameA(deviceNo, childNo, name, err); });
 }
@@ -73,5 +77,3 @@ VMC_EXPORT uint32_t VMC_GetHeadTypeNameW(uint32_t deviceNo, uint32_t childNo, ui
                      [&](char* buffer) { return HeadTypeNameA(deviceNo, childNo, headType, buffer, err); });
     });
 }
-
-}  // namespace vmc

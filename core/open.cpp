@@ -100,6 +100,10 @@ uint32_t OpenDevice(Variant variant, const OpenParam* param, uint32_t param1, ui
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_OpenDevice(OpenParam* param, uint32_t* deviceNo, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) { return OpenDevice(Variant::Open, param, 0, 1, deviceNo, err); });
 }
@@ -121,5 +125,3 @@ VMC_EXPORT uint32_t VMC_OpenDevice2LV(uint32_t deviceCode, uint32_t deviceId, ui
     OpenParam param = {deviceCode, deviceId, interfaceCode};
     return VMC_OpenDevice2(&param, param1, param2, deviceNo, error);
 }
-
-}  // namespace vmc

@@ -28,6 +28,10 @@ bool ChildOrDevice(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
     return childNo == 0 || ChildExists(deviceNo, childNo, error);
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_GetDeviceInfo(uint32_t deviceNo, DeviceRecord* record, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !NotNull(record, err)) return 0;
@@ -54,5 +58,3 @@ VMC_EXPORT uint32_t VMC_GetChildMemoryInfo(uint32_t deviceNo, uint32_t childNo, 
         return 1;
     });
 }
-
-}  // namespace vmc

@@ -80,6 +80,10 @@ bool StorageHas(uint32_t deviceCode, int32_t index) {
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_IsFunction(uint32_t deviceNo, uint32_t childNo, uint32_t index, uint8_t* result,
                                    uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
@@ -146,5 +150,3 @@ VMC_EXPORT uint32_t VMC_DisableFunction(uint32_t deviceNo, uint32_t index, uint3
         return 1;
     });
 }
-
-}  // namespace vmc

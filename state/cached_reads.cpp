@@ -92,6 +92,10 @@ uint32_t ReadIndexed(const IndexedRead& row, uint32_t deviceNo, uint32_t index, 
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 // Expanding the table. The out-arguments are named after their fields, so
 // that the list of fields is also the list of outputs.
 #define NO_FLAG kNoFlag
@@ -157,4 +161,3 @@ uint32_t ReadIndexed(const IndexedRead& row, uint32_t deviceNo, uint32_t index, 
 
 #include "state/cached_reads.def"
 
-}  // namespace vmc

@@ -77,6 +77,10 @@ constexpr uint32_t kMaxTriggerFrames = std::extent_v<decltype(ChildRecord::trigg
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_GetDelay(uint32_t deviceNo, uint32_t type, uint32_t* value, uint32_t* error) {
     return ReadDelay(deviceNo, false, type, value, error);
 }
@@ -214,5 +218,3 @@ VMC_EXPORT uint32_t VMC_GetPacketIntervalMode(uint32_t deviceNo, uint32_t index,
         return 1;
     });
 }
-
-}  // namespace vmc

@@ -252,6 +252,10 @@ uint32_t RefreshMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo, uint32_t p
     return 1;
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_ReqMemFrameInfo(uint32_t deviceNo, uint32_t childNo, MemFrameInfoRecord* record,
                                         uint32_t* error) {
     return RequestFrame(deviceNo, childNo, ChildRule::Child, record, error,
@@ -272,5 +276,3 @@ VMC_EXPORT uint32_t VMC_ReqMemModeFrameInfo(uint32_t deviceNo, uint32_t childNo,
         return RefreshMemModeFrameInfo(deviceNo, childNo, partition, noEventLists, record, err);
     });
 }
-
-}  // namespace vmc

@@ -108,14 +108,6 @@ uint32_t ReadCode(const CodeRead& row, uint32_t deviceNo, uint32_t childNo, uint
 #define VALUE_COUNT_ONE 1u
 #define VALUE_COUNT_TWO 2u
 
-#define CODE_READ(exportName, lock, flag, target, sub, values, on21, code)                                          \
-    VMC_EXPORT uint32_t exportName(uint32_t deviceNo TARGET_PARAMS_##target SUB_PARAMS_##sub VALUE_PARAMS_##values, \
-                                   uint32_t* error) {                                                              \
-        static constexpr CodeRead row{lock, flag, TARGET_##target, VALUE_COUNT_##values, on21, code};               \
-        return ReadCode(row, deviceNo, TARGET_ARG_##target, SUB_ARG_##sub, VALUE_ARGS_##values, error);            \
-    }
-#include "state/module_reads.def"
-
 // ---- Block reads ----------------------------------------------------------
 
 namespace {
@@ -236,6 +228,22 @@ uint32_t ReadRapidPackFrame(const DataRead& row, uint32_t deviceNo, uint32_t dri
 #define DATA_READ(exportName, lock, flag, code) \
     constexpr DataRead kRow_##exportName = MakeDataRead(lock, flag, code);
 #include "state/module_reads.def"
+
+}  // namespace vmc
+
+using namespace vmc;
+
+// ---- Single-code reads: the table ----------------------------------------
+
+#define CODE_READ(exportName, lock, flag, target, sub, values, on21, code)                                          \
+    VMC_EXPORT uint32_t exportName(uint32_t deviceNo TARGET_PARAMS_##target SUB_PARAMS_##sub VALUE_PARAMS_##values, \
+                                   uint32_t* error) {                                                              \
+        static constexpr CodeRead row{lock, flag, TARGET_##target, VALUE_COUNT_##values, on21, code};               \
+        return ReadCode(row, deviceNo, TARGET_ARG_##target, SUB_ARG_##sub, VALUE_ARGS_##values, error);            \
+    }
+#include "state/module_reads.def"
+
+// ---- Block reads: the hand-written exports --------------------------------
 
 VMC_EXPORT uint32_t VMC_GetSSDBoxDataName(uint32_t deviceNo, uint32_t count, uint32_t index, void* name,
                                           uint32_t* error) {
@@ -470,5 +478,3 @@ VMC_EXPORT uint32_t VMC_GetRapidPackRunState(uint32_t deviceNo, uint32_t index, 
 #undef PASS
 #undef ZERO
 #undef DEFAULT_TO
-
-}  // namespace vmc

@@ -131,6 +131,29 @@ uint32_t ReadScratchLimit(uint32_t deviceNo, std::initializer_list<std::pair<uin
 
 }  // namespace
 
+uint32_t ReadMediaInfo(uint32_t deviceNo, uint32_t slot, MediaInfo* info, uint32_t* error) {
+    std::memset(info, 0, sizeof *info);
+    const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_MEDIA_INFO, slot, &info->value[0], &info->value[1], error);
+    if (!result && *error == VMC_ERR_NOT_SUPPORTED) std::memset(info, 0, sizeof *info);
+    return result;
+}
+
+uint32_t ReadLensParam(uint32_t deviceNo, uint32_t childNo, uint32_t parameter, uint32_t item, void* out,
+                       uint32_t* error) {
+    if (!Begin(error) || !DeviceNoInRange(deviceNo, error)) return 0;
+    ScopedLock lock = ScopedLock::Device(deviceNo, error);
+    if (!lock) return 0;
+    if (!ChildRequired(deviceNo, childNo, error)) {
+        lock.KeepHeld();  // intended: a bad head is refused with the lock still taken
+        return 0;
+    }
+    return GetCapsWide(deviceNo, childNo, VMC_CODE_LENS_PARAM, item << 16 | parameter, out, nullptr, error);
+}
+
+}  // namespace vmc
+
+using namespace vmc;
+
 // ---- Answers the cache holds, refreshed where it may be stale -------------
 
 // On cameras with exchangeable heads the colour type is the present head's:
@@ -549,30 +572,11 @@ VMC_EXPORT uint32_t VMC_GetMediaInfo(uint32_t deviceNo, uint32_t slot, MediaInfo
                           [&](uint32_t* err) { return ReadMediaInfo(deviceNo, slot, info, err); });
 }
 
-uint32_t ReadMediaInfo(uint32_t deviceNo, uint32_t slot, MediaInfo* info, uint32_t* error) {
-    std::memset(info, 0, sizeof *info);
-    const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_MEDIA_INFO, slot, &info->value[0], &info->value[1], error);
-    if (!result && *error == VMC_ERR_NOT_SUPPORTED) std::memset(info, 0, sizeof *info);
-    return result;
-}
-
 // ---- Lens ---------------------------------------------------------------------------
 
 VMC_EXPORT uint32_t VMC_GetLensParam(uint32_t deviceNo, uint32_t childNo, uint32_t parameter, uint32_t item, void* out,
                                      uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) { return ReadLensParam(deviceNo, childNo, parameter, item, out, err); });
-}
-
-uint32_t ReadLensParam(uint32_t deviceNo, uint32_t childNo, uint32_t parameter, uint32_t item, void* out,
-                       uint32_t* error) {
-    if (!Begin(error) || !DeviceNoInRange(deviceNo, error)) return 0;
-    ScopedLock lock = ScopedLock::Device(deviceNo, error);
-    if (!lock) return 0;
-    if (!ChildRequired(deviceNo, childNo, error)) {
-        lock.KeepHeld();  // intended: a bad head is refused with the lock still taken
-        return 0;
-    }
-    return GetCapsWide(deviceNo, childNo, VMC_CODE_LENS_PARAM, item << 16 | parameter, out, nullptr, error);
 }
 
 // ---- Mechanical shutter ------------------------------------------------------------
@@ -587,5 +591,3 @@ VMC_EXPORT uint32_t VMC_GetMechanicalShutterError(uint32_t deviceNo, uint32_t* v
                               return RefreshMechanicalShutter(deviceNo, value, err);
                           });
 }
-
-}  // namespace vmc

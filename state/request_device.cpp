@@ -167,6 +167,10 @@ uint32_t RefreshCalMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* valu
     return AskPair(deviceNo, childNo, VMC_CODE_CAL_MAX_FRAMES, 0, value1, value2, error);
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 // ---- Exports ---------------------------------------------------------------
 
 REQUEST_EXPORT_DEVICE_INDEXED(VMC_ReqExternalInMode, RefreshExternalInMode)
@@ -203,5 +207,3 @@ VMC_EXPORT uint32_t VMC_ReqCalMaxFrames(uint32_t deviceNo, uint32_t childNo, uin
     return RequestFrame(deviceNo, childNo, ChildRule::ChildOrDevice, value1 && value2, error,
                         [&](uint32_t* err) { return RefreshCalMaxFrames(deviceNo, childNo, value1, value2, err); });
 }
-
-}  // namespace vmc

@@ -240,6 +240,10 @@ uint32_t RefreshMemBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* dept
                          Child(deviceNo, childNo)->bitDepth, depth, depth2, error);
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 // ---- Exports ---------------------------------------------------------------
 
 REQUEST_EXPORT_CHILD_1(VMC_ReqColorType, RefreshColorType)
@@ -258,5 +262,3 @@ REQUEST_EXPORT_CHILD_1(VMC_ReqBitDepth, RefreshBitDepth)
 REQUEST_EXPORT_CHILD_2(VMC_ReqBitDepth2, RefreshBitDepth2)
 REQUEST_EXPORT_CHILD_1(VMC_ReqMemBitDepth, RefreshMemBitDepth)
 REQUEST_EXPORT_CHILD_2(VMC_ReqMemBitDepth2, RefreshMemBitDepth2)
-
-}  // namespace vmc

@@ -133,6 +133,10 @@ uint32_t RefreshMemModeResolution(uint32_t deviceNo, uint32_t childNo, uint32_t 
     return result;
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
 // ---- Exports ---------------------------------------------------------------
 
 REQUEST_EXPORT_CHILD_2(VMC_ReqMaxPartition, RefreshMaxPartition)
@@ -159,5 +163,3 @@ VMC_EXPORT uint32_t VMC_ReqMemModeResolution(uint32_t deviceNo, uint32_t childNo
         return RefreshMemModeResolution(deviceNo, childNo, partition, width, height, err);
     });
 }
-
-}  // namespace vmc

@@ -81,62 +81,51 @@ uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFi
 
 }  // namespace
 
-// ---- The regular rows of the family ---------------------------------------
+// ---- The workers of the regular rows ---------------------------------------
 
 #define DEVICE_VALUE(exportName, worker, code, field, fallback)                                                  \
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return DeviceValue(deviceNo, code, &DeviceRecord::field, fallback, value, error);                        \
-    }                                                                                                            \
-    REQUEST_EXPORT_DEVICE_1(exportName, worker)
+    }
 #define DEVICE_FLAG(exportName, worker, code, flag)                                                              \
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return DeviceFlagValue(deviceNo, code, &DeviceRecord::flag, value, error);                               \
-    }                                                                                                            \
-    REQUEST_EXPORT_DEVICE_1(exportName, worker)
+    }
 #define DEVICE_PAIR(exportName, worker, code, first, second)                                                     \
     uint32_t worker(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {                    \
         return DevicePair(deviceNo, code, &DeviceRecord::first, &DeviceRecord::second, value1, value2, error);   \
-    }                                                                                                            \
-    REQUEST_EXPORT_DEVICE_2(exportName, worker)
+    }
 #define DEVICE_QUERY(exportName, worker, code, fallback)                                                         \
     uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error) {                                       \
         return AskValue(deviceNo, 0, code, 0, fallback, value, error);                                           \
-    }                                                                                                            \
-    REQUEST_EXPORT_DEVICE_1(exportName, worker)
+    }
 #define CHILD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback)                                         \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return ChildOrDeviceValue(deviceNo, childNo, code, &DeviceRecord::field, &ChildRecord::field, fallback,  \
                                   value, error);                                                                 \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_OR_DEVICE_1(exportName, worker)
+    }
 #define CHILD_VALUE(exportName, worker, code, field, fallback)                                                   \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return ChildValue(deviceNo, childNo, code, &ChildRecord::field, fallback, value, error);                 \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_1(exportName, worker)
+    }
 #define CHILD_FLAG(exportName, worker, code, flag)                                                               \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return ChildFlagValue(deviceNo, childNo, code, &ChildRecord::flag, value, error);                        \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_1(exportName, worker)
+    }
 #define CHILD_PAIR(exportName, worker, code, first, second)                                                      \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
         return ChildPair(deviceNo, childNo, code, &ChildRecord::first, &ChildRecord::second, value1, value2,     \
                          error);                                                                                 \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_2(exportName, worker)
+    }
 #define CHILD_PACKED(exportName, worker, code, high, low)                                                        \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error) {  \
         return ChildPacked(deviceNo, childNo, code, &ChildRecord::high, &ChildRecord::low, value1, value2,       \
                            error);                                                                               \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_2(exportName, worker)
+    }
 #define CHILD_QUERY(exportName, worker, code, fallback)                                                          \
     uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error) {                     \
         return AskValue(deviceNo, childNo, code, 0, fallback, value, error);                                     \
-    }                                                                                                            \
-    REQUEST_EXPORT_CHILD_1(exportName, worker)
-#define CHILD_ALIAS(exportName, worker) REQUEST_EXPORT_CHILD_1(exportName, worker)
+    }
 #include "state/requests.def"
 
 // ---- Fields that only the state load and the poll fill ---------------------
@@ -157,11 +146,6 @@ uint32_t ChildPacked(uint32_t deviceNo, uint32_t childNo, uint32_t code, ChildFi
 
 // ---- The link rows: asked only of a camera that has the link functions -----
 
-VMC_EXPORT uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
-    return RequestFrame(deviceNo, 0, ChildRule::Device, FlagRule{&DeviceRecord::hasLinkSpeed}, value, error,
-                        [&](uint32_t* err) { return RefreshLinkSpeed(deviceNo, value, err); });
-}
-
 uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     return DeviceValue(deviceNo, VMC_CODE_LINK_SPEED, &DeviceRecord::linkSpeed, 0, value, error);
 }
@@ -173,6 +157,33 @@ uint32_t RefreshPacketIntervalMode(uint32_t deviceNo, uint32_t kind, uint32_t* v
     return result;
 }
 
+}  // namespace vmc
+
+using namespace vmc;
+
+// ---- The exports of the regular rows: each shape's export half ------------
+
+#define DEVICE_VALUE(exportName, worker, code, field, fallback) REQUEST_EXPORT_DEVICE_1(exportName, worker)
+#define DEVICE_FLAG(exportName, worker, code, flag) REQUEST_EXPORT_DEVICE_1(exportName, worker)
+#define DEVICE_PAIR(exportName, worker, code, first, second) REQUEST_EXPORT_DEVICE_2(exportName, worker)
+#define DEVICE_QUERY(exportName, worker, code, fallback) REQUEST_EXPORT_DEVICE_1(exportName, worker)
+#define CHILD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback) \
+    REQUEST_EXPORT_CHILD_OR_DEVICE_1(exportName, worker)
+#define CHILD_VALUE(exportName, worker, code, field, fallback) REQUEST_EXPORT_CHILD_1(exportName, worker)
+#define CHILD_FLAG(exportName, worker, code, flag) REQUEST_EXPORT_CHILD_1(exportName, worker)
+#define CHILD_PAIR(exportName, worker, code, first, second) REQUEST_EXPORT_CHILD_2(exportName, worker)
+#define CHILD_PACKED(exportName, worker, code, high, low) REQUEST_EXPORT_CHILD_2(exportName, worker)
+#define CHILD_QUERY(exportName, worker, code, fallback) REQUEST_EXPORT_CHILD_1(exportName, worker)
+#define CHILD_ALIAS(exportName, worker) REQUEST_EXPORT_CHILD_1(exportName, worker)
+#include "state/requests.def"
+
+// ---- The link rows: asked only of a camera that has the link functions -----
+
+VMC_EXPORT uint32_t VMC_ReqLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
+    return RequestFrame(deviceNo, 0, ChildRule::Device, FlagRule{&DeviceRecord::hasLinkSpeed}, value, error,
+                        [&](uint32_t* err) { return RefreshLinkSpeed(deviceNo, value, err); });
+}
+
 // The index is the packet-interval kind: 0 the mode, 1 the 10G interval.
 VMC_EXPORT uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index, uint32_t* value,
                                               uint32_t* error) {
@@ -180,5 +191,3 @@ VMC_EXPORT uint32_t VMC_ReqPacketIntervalMode(uint32_t deviceNo, uint32_t index,
                         index <= 1 && value, error,
                         [&](uint32_t* err) { return RefreshPacketIntervalMode(deviceNo, index, value, err); });
 }
-
-}  // namespace vmc

@@ -321,11 +321,13 @@ uint32_t PollDevice(uint32_t deviceNo, uint32_t* error) {
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 VMC_EXPORT uint32_t VMC_DeviceStatusUpdate(uint32_t deviceNo, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err)) return 0;
         return PollDevice(deviceNo, err);
     });
 }
-
-}  // namespace vmc

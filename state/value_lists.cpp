@@ -27,6 +27,10 @@ uint32_t ReadList(uint32_t deviceNo, uint32_t childNo, uint32_t list, uint32_t s
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 #define LOCKED true
 #define UNLOCKED false
 #define VALUE_LIST(exportName, list, child, lock, sub) LIST_##child##_##sub(exportName, list, lock)
@@ -53,5 +57,3 @@ uint32_t ReadList(uint32_t deviceNo, uint32_t childNo, uint32_t list, uint32_t s
 #undef LIST_DEVICE_CALLER
 #undef LOCKED
 #undef UNLOCKED
-
-}  // namespace vmc

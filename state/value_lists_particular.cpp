@@ -51,6 +51,10 @@ uint32_t LUTList(const uint32_t (&lists)[3], uint32_t deviceNo, uint32_t childNo
 
 }  // namespace
 
+}  // namespace vmc
+
+using namespace vmc;
+
 // The one exported use of error 3. Beyond the device table there is no
 // module to ask, so the call ends there.
 VMC_EXPORT uint32_t VMC_GetExistChildDeviceList(uint32_t deviceNo, uint32_t* count, uint32_t* list,
@@ -154,5 +158,3 @@ VMC_EXPORT uint32_t VMC_GetOpenedDeviceList(uint32_t* count, uint32_t* list, uin
         return 1;
     });
 }
-
-}  // namespace vmc
