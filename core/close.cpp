@@ -31,7 +31,7 @@ uint32_t CloseDevice(uint32_t deviceNo, uint32_t* error) {
     const uint32_t closed = CallDevice(deviceNo, &DeviceModule::DEV_CloseDevice, error);
 
     DeviceModule& module = ModuleOf(deviceNo);
-    FreeChildRecords(record);
+    FreeChildRecords(deviceNo);
     std::memset(&record, 0, sizeof record);
 
     if (closed == 1) {

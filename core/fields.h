@@ -35,11 +35,6 @@ inline void StoreField(T& field, std::type_identity_t<T> value) {
     __atomic_store_n(&field, value, __ATOMIC_RELAXED);
 }
 
-// A child record is published by its pointer: the release store makes the
-// zeroed block visible before the pointer is, to a reader that acquires it.
-inline ChildRecord* LoadChild(ChildRecord* const& slot) { return __atomic_load_n(&slot, __ATOMIC_ACQUIRE); }
-inline void PublishChild(ChildRecord*& slot, ChildRecord* child) { __atomic_store_n(&slot, child, __ATOMIC_RELEASE); }
-
 // Copies a run of a record to a caller's buffer, each aligned word loaded
 // whole (8 bytes where the run allows, else 4, else 1), so that a copy made
 // while a refresh runs sees each field old or new, as a cached read does.

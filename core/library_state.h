@@ -34,6 +34,11 @@ struct LibraryState {
     DeviceModule deviceModules[kDeviceCount];
     InterfaceModule interfaceModules[kInterfaceSlots];
     DetectResult detectResults[kInterfaceSlots];
+    // The child records of each device, as its record's childRecords holds
+    // them. The record's slots sit on 4-byte boundaries, where a pointer is
+    // not one atomic access; the library finds children here instead, where
+    // a pointer is published whole (see Child and PublishChild).
+    ChildRecord* children[kDeviceCount][kMaxChildren];
     // channelMutex[0] is deviceMutex; 1..3 are the locks of transfer channels 2..4.
     platform::MutexHandle channelMutex[kChannelCount][kDeviceCount];
     uint32_t transferActive[kChannelCount][kDeviceCount];
@@ -67,12 +72,19 @@ inline uint32_t ChildSlots(const DeviceRecord& record) {
     return reported < kMaxChildren ? reported : kMaxChildren;
 }
 
-// Frees every child record of a device and nulls its slot.
-void FreeChildRecords(DeviceRecord& record);
+// Frees every child record of a device and nulls its slots. Only where no
+// other thread may look: a close, or an open that fails.
+void FreeChildRecords(uint32_t deviceNo);
 
-// The child record of child c (1-based), or null when absent.
+// The child record of child c (1-based), or null when absent. The acquire
+// pairs with PublishChild: a reader that sees the pointer sees the block.
 inline ChildRecord* Child(uint32_t deviceNo, uint32_t childNo) {
-    return LoadChild(state.deviceTable[deviceNo].childRecords[childNo - 1]);
+    return __atomic_load_n(&state.children[deviceNo][childNo - 1], __ATOMIC_ACQUIRE);
 }
+
+// Makes a new, zeroed child record the one of child c: the library's slot
+// whole, and the record's slot in two 4-byte halves, each whole for a
+// reader copying the record.
+void PublishChild(uint32_t deviceNo, uint32_t childNo, ChildRecord* child);
 
 }  // namespace vmc

@@ -452,15 +452,15 @@ bool LoadChildren(DeviceLoad& load) {
         if (childNo > ChildSlots(load.record)) {
             *load.error = VMC_ERR_BAD_CHILD;  // a head number the record has no slot for
         } else if (void* block = std::calloc(1, sizeof(ChildRecord))) {
-            std::free(load.record.childRecords[childNo - 1]);  // a list naming a head twice
-            PublishChild(load.record.childRecords[childNo - 1], static_cast<ChildRecord*>(block));
+            std::free(Child(load.deviceNo, childNo));  // a list naming a head twice
+            PublishChild(load.deviceNo, childNo, static_cast<ChildRecord*>(block));
             load.lastChild = childNo;
             loaded = LoadChildState(load.deviceNo, childNo, load.error);
         } else {
             *load.error = VMC_ERR_NO_MEMORY;
         }
         if (!loaded) {
-            FreeChildRecords(load.record);
+            FreeChildRecords(load.deviceNo);
             return false;
         }
     }
@@ -470,7 +470,7 @@ bool LoadChildren(DeviceLoad& load) {
 // Every module must answer the trigger mode.
 bool ReadTriggerMode(DeviceLoad& load) {
     if (RefreshTriggerMode(load.deviceNo, load.error)) return true;
-    if (IsNotSupported(load.error)) FreeChildRecords(load.record);
+    if (IsNotSupported(load.error)) FreeChildRecords(load.deviceNo);
     return false;
 }
 

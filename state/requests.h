@@ -1,5 +1,8 @@
 // Request workers: ask the camera for one setting now and store the answer in
-// the cached record. They are the one place where a field is filled from the
+// the cached record. The workers of the table rows are declared from the
+// tables themselves (requests.def, field_workers.def: a row names its code,
+// its field and the default on error 21); the rest, written by hand with a
+// rule of their own, are declared below. They are the one place where a field is filled from the
 // module; the Req exports, the state load, the status poll and the Set
 // functions all run them.
 //
@@ -22,18 +25,36 @@
 
 namespace vmc {
 
+// ---- The workers of the table rows -----------------------------------------
+
+#define REQUEST_DEVICE_1(worker) uint32_t worker(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+#define REQUEST_DEVICE_2(worker) \
+    uint32_t worker(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
+#define REQUEST_CHILD_1(worker) uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
+#define REQUEST_CHILD_2(worker) \
+    uint32_t worker(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
+#define DEVICE_VALUE(exportName, worker, code, field, fallback) REQUEST_DEVICE_1(worker)
+#define DEVICE_FLAG(exportName, worker, code, flag) REQUEST_DEVICE_1(worker)
+#define DEVICE_PAIR(exportName, worker, code, first, second) REQUEST_DEVICE_2(worker)
+#define DEVICE_QUERY(exportName, worker, code, fallback) REQUEST_DEVICE_1(worker)
+#define CHILD_OR_DEVICE_VALUE(exportName, worker, code, field, fallback) REQUEST_CHILD_1(worker)
+#define CHILD_VALUE(exportName, worker, code, field, fallback) REQUEST_CHILD_1(worker)
+#define CHILD_FLAG(exportName, worker, code, flag) REQUEST_CHILD_1(worker)
+#define CHILD_PAIR(exportName, worker, code, first, second) REQUEST_CHILD_2(worker)
+#define CHILD_PACKED(exportName, worker, code, high, low) REQUEST_CHILD_2(worker)
+#define CHILD_QUERY(exportName, worker, code, fallback) REQUEST_CHILD_1(worker)
+#include "state/requests.def"
+#define DEVICE_WORKER(worker, code, field, fallback) REQUEST_DEVICE_1(worker)
+#define DEVICE_FLAG_WORKER(worker, code, flag) REQUEST_DEVICE_1(worker)
+#define DEVICE_PAIR_WORKER(worker, code, first, second) REQUEST_DEVICE_2(worker)
+#include "state/field_workers.def"
+#undef REQUEST_DEVICE_1
+#undef REQUEST_DEVICE_2
+#undef REQUEST_CHILD_1
+#undef REQUEST_CHILD_2
+
 // ---- Identity and layout of the device ------------------------------------
 
-// deviceId (12), childDeviceCount (1, default 1), maxChildDeviceCount (66, default 1).
-uint32_t RefreshDeviceId(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMaxChildDeviceCount(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// productId (20), lotId (21), individualId (22), version (23): childNo 0 fills
-// the device's field, a head number the head's.
-uint32_t RefreshProductID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLotID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshIndividualID(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVersion(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // colorType (11): the low byte, 0 on failure.
 uint32_t RefreshColorType(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // memColorType (11), low byte as colorType.
@@ -46,74 +67,19 @@ uint32_t RefreshSaveSlotNo(uint32_t deviceNo, uint32_t childNo, uint32_t* value,
 
 // ---- Device settings, one code, one field ---------------------------------
 
-// shutterLockMode (24), resolutionLockMode (130), partitionIncMode (25),
-// keyPadLock (28), videoOutMode (29, default 2).
-uint32_t RefreshShutterLockMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshResolutionLockMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshPartitionIncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshKeyPadLock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVideoOutMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// irigMode (14), mcdlMode (15), irigOffset (19), irigSampleMode (293),
-// irigPhaseLock (99), irigPhaseLockStatus (100).
-uint32_t RefreshIRIG(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMCDL(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshIRIGOffset(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshIRIGSampleMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshIRIGPhaseLock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshIRIGPhaseLockStatus(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// downloadMode (78), lowLightMode (82), syncOutTimes (94), highSpeedMode (101),
-// videoOutSignal (114), videoOutHDSDI (115, default 1), syncPriority (110).
-uint32_t RefreshDownloadMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLowLightMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSyncOutTimes(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshHighSpeedMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVideoOutSignal(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVideoOutHDSDI(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSyncPriority(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// recordingType (117), mcdlDataMode (118), storePreset (126, default 1),
-// instructionSet (128), ledMode (131, default 1), batteryPowerMode (163),
-// binningSensorMode (169), videoOSD (133, default 1).
-uint32_t RefreshRecordingType(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMCDLDataMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshStorePreset(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshInstructionSet(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLEDMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshBatteryPowerMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshBinningSensorMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVideoOSD(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// memoryBlock (139, first value), numOfDropFrame (147), subInterfaceMode (160),
-// exposeExtension (161), gEtherTransferMode (189), mechaShutterMode (195),
-// selfSyncMode (270, default 1), storageMode (273), lowFrameRateMode (296),
-// linkSpeed (424).
-uint32_t RefreshMemoryBlock(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshNumofDropFrame(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSubInterfaceMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshExposeExtension(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshGetherTransferMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMechaShutterMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSelfSyncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshStorageMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLowFrameRateMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshLinkSpeed(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 // Flag bytes that hold the answer itself: frameZeroMode (38, result always 1),
 // variableFunction (80, result always 1), hasSubPort (159),
 // enableSelfSyncMode (271). storeNum with hasStoreNum (96).
 uint32_t RefreshFrameZero(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshVariableFunction(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSubPort(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshEnableSelfSyncMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshStoreNum(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// Asked and returned, nothing cached: codes 188 (default 0), 221 (default 2).
-uint32_t RefreshFixFrameRecordMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMechanicalShutter(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 // Code 240 of the device (childNo 0) or a head, both values; nothing cached.
 uint32_t RefreshCalMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
                              uint32_t* error);
 
 // ---- Device settings with an index or several values ----------------------
 
-// externalInCount, externalOutCount (36).
-uint32_t RefreshExternalCount(uint32_t deviceNo, uint32_t* inCount, uint32_t* outCount, uint32_t* error);
 // externalInMode[port-1] (34), externalOutMode[port-1] (35); port 1..4, else error 5.
 uint32_t RefreshExternalInMode(uint32_t deviceNo, uint32_t port, uint32_t* value, uint32_t* error);
 uint32_t RefreshExternalOutMode(uint32_t deviceNo, uint32_t port, uint32_t* value, uint32_t* error);
@@ -129,8 +95,6 @@ uint32_t RefreshDelayLimit(uint32_t deviceNo, uint32_t type, uint32_t* value, ui
 // exposeOutTimes1 (173) for signal 13 or 14, exposeOutTimes2 (175) for 82 or
 // 88; any other signal succeeds and asks nothing.
 uint32_t RefreshExposeOutTimes(uint32_t deviceNo, uint32_t signal, uint32_t* value, uint32_t* error);
-// fanCtrlMode, fanCtrlValue (202).
-uint32_t RefreshFanCtrl(uint32_t deviceNo, uint32_t* mode, uint32_t* value, uint32_t* error);
 // sdCardCtrl / ssdBoxCtrl (204), asked only while storage mode (273) answers
 // 0 / 1; otherwise error 21 and the value 0.
 uint32_t RefreshSdCardCtrl(uint32_t deviceNo, uint32_t* value, uint32_t* error);
@@ -144,25 +108,6 @@ uint32_t RefreshPacketIntervalMode(uint32_t deviceNo, uint32_t kind, uint32_t* v
 
 // ---- Device fields filled only by the state load and the poll -------------
 
-// videoOutSignalEnable (400), storePresetReboot (394), hasLiveIRIG (132: the
-// answer itself), adcMode (283), adcRange (291), directRecordRapidPack (305),
-// storageDownloadMode (319), mode329 (329), autoPowerWhenSupply (344),
-// videoOSDCrosshairMode (391), accelerationTriggerTime (374),
-// mediaSaveAfterInsert (429).
-uint32_t RefreshVideoOutSignalEnable(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshStorePresetReboot(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLiveIRIG(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshAdcMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshAdcRange(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshDirectRecordRapidPack(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshStorageDownloadMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMode329(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshAutoPowerWhenSupply(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVideoOSDCrosshairMode(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshAccelerationTriggerTime(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMediaSaveAfterInsert(uint32_t deviceNo, uint32_t* value, uint32_t* error);
-// accelerationTrigger1, accelerationTrigger2 (317).
-uint32_t RefreshAccelerationTrigger(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
 // warningTemperatureThreshold[type] (393, sub-code type); type 0..8, else error 5.
 uint32_t RefreshWarningTemperatureThreshold(uint32_t deviceNo, uint32_t type, uint32_t* value, uint32_t* error);
 // hasShutdownCamera (372) and hasRebootCamera (410): set when the camera
@@ -171,8 +116,6 @@ uint32_t RefreshShutdownCamera(uint32_t deviceNo, uint32_t* value, uint32_t* err
 uint32_t RefreshRebootCamera(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 // hasMemTemperature (369) of the device (childNo 0) or a head: answer non-zero.
 uint32_t RefreshMemTemperature(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-// hasCode368 (368): the answer itself.
-uint32_t RefreshCode368(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 // code401Value of a head (401): the first byte of the answer.
 uint32_t RefreshCode401(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // vSyncExposeDeviation (280): an answer above 65535 is stored as the negative
@@ -193,12 +136,6 @@ uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error)
 
 // ---- Head settings ---------------------------------------------------------
 
-// recordRate (2; cache form 67), shutterFps (4), shutterUsec (5), shutterNsec (127).
-uint32_t RefreshRecordRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshRecordRateCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShutterSpeedFps(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShutterSpeedUsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShutterSpeedNsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // width, height (3, high and low 16 bits) and the ROI pair set to the same;
 // all four 0 on failure. The cache form (68) touches width and height alone.
 uint32_t RefreshResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height, uint32_t* error);
@@ -207,40 +144,16 @@ uint32_t RefreshResolutionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* w
 // roiWidth, roiHeight (116); on failure they take width and height.
 uint32_t RefreshResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
                               uint32_t* error);
-// Packed pairs, both 0 on failure: segmentX/Y (48; cache form 71), maxWidth/Height (47).
-uint32_t RefreshSegmentPosition(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y, uint32_t* error);
-uint32_t RefreshSegmentPositionCache(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y,
-                                     uint32_t* error);
-uint32_t RefreshMaxResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
-                              uint32_t* error);
 // maxPartition, maxPartitionBlocks (30); 1 and 0 on failure.
 uint32_t RefreshMaxPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* partitions, uint32_t* blocks,
                              uint32_t* error);
 // currentPartition (31, default 1), mirrored into memoryModePartition unless
 // partitionIncMode is 2. memoryModePartition alone (187, default 1).
 uint32_t RefreshCurrentPartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemoryModePartition(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // maxFrames, maxFrameBlocks (33; cache form 69): stored only on success.
 uint32_t RefreshMaxFrames(uint32_t deviceNo, uint32_t childNo, uint32_t* frames, uint32_t* blocks, uint32_t* error);
 uint32_t RefreshMaxFramesCache(uint32_t deviceNo, uint32_t childNo, uint32_t* frames, uint32_t* blocks,
                                uint32_t* error);
-// sensorGainMode (9, default 1), sensorGammaMode (10, default 1),
-// autoExposure (37), imageTrigger (176), lutMode (18, default 1),
-// dsShutterMode (17, default 1), dsShutterValue (93), edgeEnhanceMode (13,
-// default 1), shadingMode (16, default 1), shadingType (155, default 1),
-// pixelGainMode (32), colorEnhanceMode (77).
-uint32_t RefreshSensorGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSensorGammaMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshAutoExposure(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshImageTrigger(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLUTMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshDSShutterMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshDSShutterValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshEdgeEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShadingMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShadingType(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshPixelGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshColorEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // colorTempMode with colorTempValue1..3 (8, 86, 87, 88) and the soft set
 // (120..123): an error 21 on any of them resets the four outputs at that
 // point, the mode to 1 and the values to 0, and the reads after it go on. The
@@ -262,67 +175,9 @@ uint32_t RefreshColorEnhanceValue(uint32_t deviceNo, uint32_t childNo, uint32_t 
 uint32_t RefreshMaxBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshBitDepth(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshBitDepth2(uint32_t deviceNo, uint32_t childNo, uint32_t* depth, uint32_t* depth2, uint32_t* error);
-// camMode (49; cache form 79), maxFullResoRate (81), variableChannel (54),
-// liveResolutionMode (109, or 141 for the scale form), cameraCommandBaudRate
-// (112), ghostReduction (119), offsetAS (151), hBanding (152),
-// sensorTempMode (134), fpgaTempMode (167), shadingOffsetMode (136),
-// shadingOffsetValue (137), polarizerConfig (154), blackClipLevel (156,
-// default 1), lensControl (185), polarization (153, the child's flag byte).
-uint32_t RefreshCamMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshCamModeCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMaxFullResoRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshVariableChannel(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLiveResolutionMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLiveResolutionScaleMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshCameraCommandBaudRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshGhostReduction(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshOffsetAS(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshH_Banding(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshSensorTempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshFPGATempMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShadingOffsetMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshShadingOffsetValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshPolarizerConfig(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshBlackClipLevel(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshLensControl(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshPolarization(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-// shadingOffsetLimit1, shadingOffsetLimit2 (138).
-uint32_t RefreshShadingOffsetLimit(uint32_t deviceNo, uint32_t childNo, uint32_t* limit1, uint32_t* limit2,
-                                   uint32_t* error);
-// Asked and returned, nothing cached: 242 (default 1024).
-uint32_t RefreshPixelGainMagnification(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 
 // ---- The memory view of a head ---------------------------------------------
 
-// memRecordRate (2), memShutterFps/Usec/Nsec (4, 5, 127), memIrigMode (14),
-// memIrigSampleMode (293), memMcdlMode (15), memSensorGainMode (9, default 1:
-// the gamma export runs the same worker), memAutoExposure (37), memLutMode
-// (18, default 1), memDsShutterMode (17, default 1), memDsShutterValue (93),
-// memEdgeEnhanceMode (13, default 1), memColorEnhanceMode (77),
-// memIrigPhaseLockStatus (100), recordedFrames (70, the cache form of 42).
-uint32_t RefreshMemRecordRate(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemShutterSpeedFps(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemShutterSpeedUsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemShutterSpeedNsec(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemIRIG(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemIRIGSampleMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemMCDL(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemSensorGainMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemAutoExposure(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemLUTMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemDSShutterMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemDSShutterValue(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemEdgeEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemColorEnhanceMode(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemIRIGPhaseLockStatus(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemRecordedFramesCache(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
-// memWidth/Height (3), memRoiWidth/Height (116), memSegmentX/Y (48): packed
-// pairs, both 0 on failure.
-uint32_t RefreshMemResolution(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
-                              uint32_t* error);
-uint32_t RefreshMemResolutionROI(uint32_t deviceNo, uint32_t childNo, uint32_t* width, uint32_t* height,
-                                 uint32_t* error);
-uint32_t RefreshMemSegmentPosition(uint32_t deviceNo, uint32_t childNo, uint32_t* x, uint32_t* y, uint32_t* error);
 // The memory trigger words of a head: code 6 (mode, after-frames), code 7
 // (random frames, count); a failure of either writes 0 to memTriggerMode.
 uint32_t RefreshMemTriggerMode(uint32_t deviceNo, uint32_t childNo, uint32_t* mode, uint32_t* afterFrames,
@@ -351,7 +206,6 @@ uint32_t RefreshMemTriggerFrameList(uint32_t deviceNo, uint32_t childNo, uint32_
 // Codes 43 (two values) and 84, nothing cached.
 uint32_t RefreshMemTwoStageTriggerFrame(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
                                         uint32_t* error);
-uint32_t RefreshMemTwoStageTriggerTiming(uint32_t deviceNo, uint32_t childNo, uint32_t* value, uint32_t* error);
 // Code 145 with a sub-code index, nothing cached.
 uint32_t RefreshMemRecordedFramesPerTrigger(uint32_t deviceNo, uint32_t childNo, uint32_t index, uint32_t* value,
                                             uint32_t* error);
