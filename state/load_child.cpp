@@ -53,10 +53,10 @@ bool ReadIdentity(ChildLoad& load) {
     uint32_t colorType = 0;
     if (!Tolerant(load, RefreshColorType, nullptr, &colorType)) return false;
     static constexpr ChildProbe kIdentity[] = {
-        {VMC_CODE_PRODUCT_ID, &C::productId},
-        {VMC_CODE_LOT_ID, &C::lotId},
-        {VMC_CODE_INDIVIDUAL_ID, &C::individualId},
-        {VMC_CODE_VERSION, &C::version},
+        {.filler = CHILD_FILLER(RefreshProductID)},
+        {.filler = CHILD_FILLER(RefreshLotID)},
+        {.filler = CHILD_FILLER(RefreshIndividualID)},
+        {.filler = CHILD_FILLER(RefreshVersion)},
     };
     return Probes(load, kIdentity);
 }
@@ -90,7 +90,7 @@ bool ReadRoiAndExposure(ChildLoad& load) {
     if (!Tolerant(load, RefreshResolutionROI, &answered, &width, &height)) return false;
     StoreField(child.hasResolutionROI, answered);
     if (!Tolerant(load, RefreshSegmentPosition, nullptr, &x, &y)) return false;
-    if (!Probe1(load, {VMC_CODE_AUTO_EXPOSURE, &C::autoExposure, nullptr, &C::hasAutoExposure})) return false;
+    if (!Probe1(load, {.flag = &C::hasAutoExposure, .filler = CHILD_FILLER(RefreshAutoExposure)})) return false;
     // The device-wide flag follows the head loaded last.
     StoreField(load.device.hasAutoExposureCode294, 0);
     if (child.hasAutoExposure) {
@@ -103,11 +103,11 @@ bool ReadRoiAndExposure(ChildLoad& load) {
 }
 
 bool ReadShutterAndSensor(ChildLoad& load) {
-    if (!Probe1(load, {VMC_CODE_IMAGE_TRIGGER, &C::imageTrigger, nullptr, &C::hasImageTrigger})) return false;
+    if (!Probe1(load, {.flag = &C::hasImageTrigger, .filler = CHILD_FILLER(RefreshImageTrigger)})) return false;
     if (!Ask(load, VMC_CODE_SHUTTER_SPEED_FPS, &load.child.shutterFps, nullptr, Rule::Fatal)) return false;
     static constexpr ChildProbe kProbes[] = {
-        {VMC_CODE_SHUTTER_SPEED_USEC, &C::shutterUsec, nullptr, &C::hasShutterUsec},
-        {VMC_CODE_SHUTTER_SPEED_NSEC, &C::shutterNsec, nullptr, &C::hasShutterNsec},
+        {.flag = &C::hasShutterUsec, .filler = CHILD_FILLER(RefreshShutterSpeedUsec)},
+        {.flag = &C::hasShutterNsec, .filler = CHILD_FILLER(RefreshShutterSpeedNsec)},
         {VMC_CODE_SENSOR_GAIN_MODE, &C::sensorGainMode, nullptr, &C::hasSensorGain},
         {VMC_CODE_SENSOR_GAMMA_MODE, &C::sensorGammaMode, nullptr, &C::hasSensorGamma},
     };
@@ -171,7 +171,7 @@ bool ReadImageModes(ChildLoad& load) {
     ChildRecord& child = load.child;
     static constexpr ChildProbe kProbes[] = {
         {VMC_CODE_EDGE_ENHANCE_MODE, &C::edgeEnhanceMode, nullptr, &C::hasEdgeEnhance},
-        {VMC_CODE_GHOST_REDUCTION, &C::ghostReduction, nullptr, &C::hasGhostReduction},
+        {.flag = &C::hasGhostReduction, .filler = CHILD_FILLER(RefreshGhostReduction)},
         {VMC_CODE_MAX_BIT_DEPTH, &C::maxBitDepth},
         {VMC_CODE_BIT_DEPTH, &C::bitDepth, nullptr, &C::hasBitDepth},
     };
@@ -185,11 +185,11 @@ bool ReadImageModes(ChildLoad& load) {
         StoreField(child.bitDepth, depth);
         StoreField(child.bitDepth2, depth2);
     }
-    return Probe1(load, {VMC_CODE_MAX_FULL_RESO_RATE, &C::maxFullResoRate});
+    return Probe1(load, {.filler = CHILD_FILLER(RefreshMaxFullResoRate)});
 }
 
 bool ReadColorEnhance(ChildLoad& load) {
-    if (!Probe1(load, {VMC_CODE_COLOR_ENHANCE_MODE, &C::colorEnhanceMode, nullptr, &C::hasColorEnhance})) return false;
+    if (!Probe1(load, {.flag = &C::hasColorEnhance, .filler = CHILD_FILLER(RefreshColorEnhanceMode)})) return false;
     if (!load.child.hasColorEnhance) return true;
     for (uint32_t plane = 1; plane <= 3; ++plane) {
         int32_t triple[3] = {};
@@ -202,19 +202,19 @@ bool ReadColorEnhance(ChildLoad& load) {
 bool ReadSensorModes(ChildLoad& load) {
     ChildRecord& child = load.child;
     static constexpr ChildProbe kModes[] = {
-        {VMC_CODE_CAM_MODE, &C::camMode},
-        {VMC_CODE_SENSOR_TEMP_MODE, &C::sensorTempMode, nullptr, &C::hasSensorTempMode},
-        {VMC_CODE_FPGA_TEMP_MODE, &C::fpgaTempMode, nullptr, &C::hasFPGATempMode},
-        {VMC_CODE_SHADING_OFFSET_MODE, &C::shadingOffsetMode, nullptr, &C::hasShadingOffset},
+        {.filler = CHILD_FILLER(RefreshCamMode)},
+        {.flag = &C::hasSensorTempMode, .filler = CHILD_FILLER(RefreshSensorTempMode)},
+        {.flag = &C::hasFPGATempMode, .filler = CHILD_FILLER(RefreshFPGATempMode)},
+        {.flag = &C::hasShadingOffset, .filler = CHILD_FILLER(RefreshShadingOffsetMode)},
     };
     static constexpr ChildProbe kOffset[] = {
-        {VMC_CODE_SHADING_OFFSET_VALUE, &C::shadingOffsetValue},
-        {VMC_CODE_SHADING_OFFSET_LIMIT, &C::shadingOffsetLimit1, &C::shadingOffsetLimit2},
+        {.filler = CHILD_FILLER(RefreshShadingOffsetValue)},
+        {.filler = CHILD_PAIR_FILLER(RefreshShadingOffsetLimit)},
     };
     static constexpr ChildProbe kCorrections[] = {
         {VMC_CODE_LIVE_RESOLUTION_SCALE_MODE, nullptr, nullptr, &C::hasLiveResolutionScale},
-        {VMC_CODE_OFFSET_AS, &C::offsetAS, nullptr, &C::hasOffsetAS},
-        {VMC_CODE_H_BANDING, &C::hBanding, nullptr, &C::hasHBanding},
+        {.flag = &C::hasOffsetAS, .filler = CHILD_FILLER(RefreshOffsetAS)},
+        {.flag = &C::hasHBanding, .filler = CHILD_FILLER(RefreshH_Banding)},
     };
     return Probes(load, kModes) && (!child.hasShadingOffset || Probes(load, kOffset)) && Probes(load, kCorrections);
 }
@@ -247,7 +247,7 @@ bool ReadCorrectionsAndLens(ChildLoad& load) {
     uint32_t value = 0;
     if (!Ask(load, VMC_CODE_HEAD_LED_LASER, &value, nullptr, Rule::Tolerant, &answered)) return false;
     StoreField(load.device.hasHeadLedLaser, answered);
-    return Probe1(load, {VMC_CODE_LENS_CONTROL, &C::lensControl, nullptr, &C::hasLensControl});
+    return Probe1(load, {.flag = &C::hasLensControl, .filler = CHILD_FILLER(RefreshLensControl)});
 }
 
 bool ReadChildName(ChildLoad& load) {
@@ -280,8 +280,8 @@ bool ReadFrameLists(ChildLoad& load) {
 
 bool ReadLiveAndDefects(ChildLoad& load) {
     static constexpr ChildProbe kProbes[] = {
-        {VMC_CODE_LIVE_RESOLUTION_MODE, &C::liveResolutionMode, nullptr, &C::hasLiveResolution},
-        {VMC_CODE_CAMERA_COMMAND_BAUD_RATE, &C::cameraCommandBaudRate, nullptr, &C::hasCameraCommandBaudRate},
+        {.flag = &C::hasLiveResolution, .filler = CHILD_FILLER(RefreshLiveResolutionMode)},
+        {.flag = &C::hasCameraCommandBaudRate, .filler = CHILD_FILLER(RefreshCameraCommandBaudRate)},
         {VMC_CODE_TEST_PATTERN, nullptr, nullptr, &C::hasTestPattern},
         {VMC_CODE_MAX_PIXEL_DEFECT_COUNT, &C::maxPixelDefectCount},
         {VMC_CODE_PIXEL_DEFECT_MODE, &C::pixelDefectMode},

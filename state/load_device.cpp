@@ -74,10 +74,10 @@ bool ReadDeviceId(DeviceLoad& load) {
 
 bool ReadIdentity(DeviceLoad& load) {
     static constexpr DeviceProbe kIdentity[] = {
-        {VMC_CODE_PRODUCT_ID, &R::productId},
-        {VMC_CODE_LOT_ID, &R::lotId},
-        {VMC_CODE_INDIVIDUAL_ID, &R::individualId},
-        {VMC_CODE_VERSION, &R::version},
+        {.filler = CHILD_FILLER(RefreshProductID)},
+        {.filler = CHILD_FILLER(RefreshLotID)},
+        {.filler = CHILD_FILLER(RefreshIndividualID)},
+        {.filler = CHILD_FILLER(RefreshVersion)},
     };
     return Probes(load, kIdentity);
 }
@@ -93,7 +93,7 @@ bool ReadDirectRecordRapidPack(DeviceLoad& load) {
 }
 
 bool ReadExternalCount(DeviceLoad& load) {
-    return Probe1(load, {VMC_CODE_EXTERNAL_COUNT, &R::externalInCount, &R::externalOutCount});
+    return Probe1(load, {.filler = DEVICE_PAIR_FILLER(RefreshExternalCount)});
 }
 
 bool ReadShutterDisplayMode(DeviceLoad& load) {
@@ -129,12 +129,12 @@ bool ReadExternalPorts(DeviceLoad& load) {
 
 bool ReadSignalAndLockModes(DeviceLoad& load) {
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_SYNC_OUT_TIMES, &R::syncOutTimes, nullptr, &R::hasSyncOutTimes},
+        {.flag = &R::hasSyncOutTimes, .filler = DEVICE_FILLER(RefreshSyncOutTimes)},
         {VMC_CODE_EXPOSE_OUT_TIMES_1, &R::exposeOutTimes1, nullptr, &R::hasExposeOutTimes1},
         {VMC_CODE_EXPOSE_OUT_TIMES_2, &R::exposeOutTimes2, nullptr, &R::hasExposeOutTimes2},
-        {VMC_CODE_SHUTTER_LOCK_MODE, &R::shutterLockMode, nullptr, &R::hasShutterLockMode},
-        {VMC_CODE_RESOLUTION_LOCK_MODE, &R::resolutionLockMode, nullptr, &R::hasResolutionLockMode},
-        {VMC_CODE_PARTITION_INC_MODE, &R::partitionIncMode, nullptr, &R::hasPartitionIncMode},
+        {.flag = &R::hasShutterLockMode, .filler = DEVICE_FILLER(RefreshShutterLockMode)},
+        {.flag = &R::hasResolutionLockMode, .filler = DEVICE_FILLER(RefreshResolutionLockMode)},
+        {.flag = &R::hasPartitionIncMode, .filler = DEVICE_FILLER(RefreshPartitionIncMode)},
     };
     return Probes(load, kProbes);
 }
@@ -151,30 +151,30 @@ bool ReadPartitionIncModes(DeviceLoad& load) {
 
 bool ReadPanelAndVideo(DeviceLoad& load) {
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_KEY_PAD_LOCK, &R::keyPadLock, nullptr, &R::hasKeyPadLock},
+        {.flag = &R::hasKeyPadLock, .filler = DEVICE_FILLER(RefreshKeyPadLock)},
         {VMC_CODE_VIDEO_OUT_MODE, &R::videoOutMode, nullptr, &R::hasVideoOutMode},
-        {VMC_CODE_VIDEO_OUT_SIGNAL, &R::videoOutSignal, nullptr, &R::hasVideoOutSignal},
-        {VMC_CODE_VIDEO_OUT_SIGNAL_ENABLE, &R::videoOutSignalEnable, nullptr, &R::hasVideoOutSignalEnable},
+        {.flag = &R::hasVideoOutSignal, .filler = DEVICE_FILLER(RefreshVideoOutSignal)},
+        {.flag = &R::hasVideoOutSignalEnable, .filler = DEVICE_FILLER(RefreshVideoOutSignalEnable)},
         {VMC_CODE_VIDEO_OUT_HDSDI, &R::videoOutHDSDI, nullptr, &R::hasVideoOutHDSDI},
-        {VMC_CODE_IRIG_MODE, &R::irigMode, nullptr, &R::hasIRIG},
+        {.flag = &R::hasIRIG, .filler = DEVICE_FILLER(RefreshIRIG)},
     };
     return Probes(load, kProbes);
 }
 
 bool ReadIrigDetails(DeviceLoad& load) {
     if (!load.record.hasIRIG) return true;
-    return Probe1(load, {VMC_CODE_IRIG_OFFSET, &R::irigOffset}) &&
-           Probe1(load, {VMC_CODE_IRIG_SAMPLE_MODE, &R::irigSampleMode, nullptr, &R::hasIRIGSampleMode});
+    return Probe1(load, {.filler = DEVICE_FILLER(RefreshIRIGOffset)}) &&
+           Probe1(load, {.flag = &R::hasIRIGSampleMode, .filler = DEVICE_FILLER(RefreshIRIGSampleMode)});
 }
 
 bool ReadTimecodeAndAdc(DeviceLoad& load) {
     DeviceRecord& record = load.record;
-    if (!Probe1(load, {VMC_CODE_MCDL_MODE, &R::mcdlMode, nullptr, &R::hasMCDL}) ||
-        !Probe1(load, {VMC_CODE_ADC_MODE, &R::adcMode, nullptr, &R::hasADC}))
+    if (!Probe1(load, {.flag = &R::hasMCDL, .filler = DEVICE_FILLER(RefreshMCDL)}) ||
+        !Probe1(load, {.flag = &R::hasADC, .filler = DEVICE_FILLER(RefreshAdcMode)}))
         return false;
-    if (record.hasADC && !Probe1(load, {VMC_CODE_ADC_RANGE, &R::adcRange})) return false;
-    if (!Probe1(load, {VMC_CODE_IRIG_PHASE_LOCK, &R::irigPhaseLock, nullptr, &R::hasIRIGPhaseLock})) return false;
-    return !record.hasIRIGPhaseLock || Probe1(load, {VMC_CODE_IRIG_PHASE_LOCK_STATUS, &R::irigPhaseLockStatus});
+    if (record.hasADC && !Probe1(load, {.filler = DEVICE_FILLER(RefreshAdcRange)})) return false;
+    if (!Probe1(load, {.flag = &R::hasIRIGPhaseLock, .filler = DEVICE_FILLER(RefreshIRIGPhaseLock)})) return false;
+    return !record.hasIRIGPhaseLock || Probe1(load, {.filler = DEVICE_FILLER(RefreshIRIGPhaseLockStatus)});
 }
 
 bool ReadFrameZeroAndStoreNum(DeviceLoad& load) {
@@ -247,13 +247,13 @@ bool ProbeExport(DeviceLoad& load, uint32_t (*read)(uint32_t, uint32_t*, uint32_
 bool ReadModes(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     if (!Probe1(load, {VMC_CODE_RANDOM_TRIGGER_ENABLE, nullptr, nullptr, &R::hasRandomTriggerEnable}) ||
-        !Probe1(load, {VMC_CODE_DOWNLOAD_MODE, &R::downloadMode, nullptr, &R::hasDownloadMode}))
+        !Probe1(load, {.flag = &R::hasDownloadMode, .filler = DEVICE_FILLER(RefreshDownloadMode)}))
         return false;
     uint32_t value = 0;
     RefreshVariableFunction(load.deviceNo, &value, load.error);  // answers itself for a camera without the code
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_MODE_329, &R::mode329, nullptr, &R::hasMode329},
-        {VMC_CODE_LOW_LIGHT_MODE, &R::lowLightMode, nullptr, &R::hasLowLightMode},
+        {.flag = &R::hasMode329, .filler = DEVICE_FILLER(RefreshMode329)},
+        {.flag = &R::hasLowLightMode, .filler = DEVICE_FILLER(RefreshLowLightMode)},
     };
     if (!Probes(load, kProbes)) return false;
     bool answered = false;
@@ -261,7 +261,7 @@ bool ReadModes(DeviceLoad& load) {
         return false;
     StoreField(record.hasProgSwitchMode, answered);
     if (!answered) StoreField(record.progSwitchMode[0], 0);
-    return Probe1(load, {VMC_CODE_HIGH_SPEED_MODE, &R::highSpeedMode, nullptr, &R::hasHighSpeedMode}) &&
+    return Probe1(load, {.flag = &R::hasHighSpeedMode, .filler = DEVICE_FILLER(RefreshHighSpeedMode)}) &&
            ProbeExport(load, VMC_GetBurstTransfer, record.hasBurstTransfer) &&
            ProbeExport(load, VMC_GetReadAheadTransfer, record.hasReadAheadTransfer) &&
            ProbeExport(load, VMC_GetHeadExchange, record.hasHeadExchange) &&
@@ -289,18 +289,18 @@ bool ReadEntryFlags(DeviceLoad& load) {
 bool ReadOperationFeatures(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     static constexpr DeviceProbe kFirst[] = {
-        {VMC_CODE_SYNC_PRIORITY, &R::syncPriority, nullptr, &R::hasSyncPriority},
-        {VMC_CODE_RECORDING_TYPE, &R::recordingType, nullptr, &R::hasRecordingType},
-        {VMC_CODE_MCDL_DATA_MODE, &R::mcdlDataMode, nullptr, &R::hasMCDLDataMode},
+        {.flag = &R::hasSyncPriority, .filler = DEVICE_FILLER(RefreshSyncPriority)},
+        {.flag = &R::hasRecordingType, .filler = DEVICE_FILLER(RefreshRecordingType)},
+        {.flag = &R::hasMCDLDataMode, .filler = DEVICE_FILLER(RefreshMCDLDataMode)},
     };
     static constexpr DeviceProbe kPresets[] = {
         {VMC_CODE_STORE_PRESET, &R::storePreset, nullptr, &R::hasStorePreset},
-        {VMC_CODE_STORE_PRESET_REBOOT, &R::storePresetReboot},
-        {VMC_CODE_INSTRUCTION_SET, &R::instructionSet, nullptr, &R::hasInstructionSet},
+        {.filler = DEVICE_FILLER(RefreshStorePresetReboot)},
+        {.flag = &R::hasInstructionSet, .filler = DEVICE_FILLER(RefreshInstructionSet)},
         {VMC_CODE_LED_MODE, &R::ledMode, nullptr, &R::hasLEDMode},
         {VMC_CODE_FIX_FRAME_RECORD_MODE, nullptr, nullptr, &R::hasFixFrameRecordMode},
-        {VMC_CODE_BATTERY_POWER_MODE, &R::batteryPowerMode, nullptr, &R::hasBatteryPowerMode},
-        {VMC_CODE_BINNING_SENSOR_MODE, &R::binningSensorMode, nullptr, &R::hasBinningSensorMode},
+        {.flag = &R::hasBatteryPowerMode, .filler = DEVICE_FILLER(RefreshBatteryPowerMode)},
+        {.flag = &R::hasBinningSensorMode, .filler = DEVICE_FILLER(RefreshBinningSensorMode)},
         {VMC_CODE_SYNC_IN_SIGNAL_STATUS, nullptr, nullptr, &R::hasSyncInSignalStatus},
         {VMC_CODE_VFPN_DATA, nullptr, nullptr, &R::hasVFPNData},
         {VMC_CODE_SENSOR_LUT_DATA, nullptr, nullptr, &R::hasSensorLUTData},
@@ -308,8 +308,8 @@ bool ReadOperationFeatures(DeviceLoad& load) {
     };
     static constexpr DeviceProbe kLast[] = {
         {VMC_CODE_VIDEO_OSD, &R::videoOSD, nullptr, &R::hasVideoOSD},
-        {VMC_CODE_KEY_PAD_COMMAND, nullptr, nullptr, &R::hasKeyPadCommand, true},
-        {VMC_CODE_MEMORY_BLOCK, &R::memoryBlock, nullptr, &R::hasMemoryBlock},
+        {VMC_CODE_KEY_PAD_COMMAND, nullptr, nullptr, &R::hasKeyPadCommand, Answer::Bare},
+        {.flag = &R::hasMemoryBlock, .filler = DEVICE_FILLER(RefreshMemoryBlock)},
     };
     if (!Probes(load, kFirst) || !ProbeExport(load, VMC_GetAutoPlay, record.hasAutoPlay) ||
         !ProbeExport(load, VMC_GetFactoryDefaults, record.hasFactoryDefaults) || !Probes(load, kPresets))
@@ -399,8 +399,8 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     bool answered = false;
     if (!RefreshSubPort(load.deviceNo, &value, load.error) && !IsNotSupported(load.error)) return false;
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_SUB_INTERFACE_MODE, &R::subInterfaceMode, nullptr, &R::hasSubInterfaceMode},
-        {VMC_CODE_EXPOSE_EXTENSION, &R::exposeExtension, nullptr, &R::hasExposeExtension},
+        {.flag = &R::hasSubInterfaceMode, .filler = DEVICE_FILLER(RefreshSubInterfaceMode)},
+        {.flag = &R::hasExposeExtension, .filler = DEVICE_FILLER(RefreshExposeExtension)},
         {VMC_CODE_RTC, nullptr, nullptr, &R::hasRTC},
     };
     if (!Probes(load, kProbes)) return false;
@@ -409,9 +409,9 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     StoreField(record.hasGEtherTransferMode, answered);
     if (!answered) StoreField(record.gEtherTransferMode, 0);
     static constexpr DeviceProbe kMore[] = {
-        {VMC_CODE_MECHA_SHUTTER_MODE, &R::mechaShutterMode, nullptr, &R::hasMechaShutterMode},
+        {.flag = &R::hasMechaShutterMode, .filler = DEVICE_FILLER(RefreshMechaShutterMode)},
         {VMC_CODE_PROBE_387, nullptr, nullptr, &R::hasCode387},
-        {VMC_CODE_FAN_CTRL, &R::fanCtrlMode, &R::fanCtrlValue, &R::hasFanCtrl},
+        {.flag = &R::hasFanCtrl, .filler = DEVICE_PAIR_FILLER(RefreshFanCtrl)},
     };
     if (!Probes(load, kMore)) return false;
     uint32_t fanFirst = 0, fanSecond = 0;
@@ -510,7 +510,7 @@ bool ReadStorageBox(DeviceLoad& load) {
 
 bool ReadStorage(DeviceLoad& load) {
     DeviceRecord& record = load.record;
-    if (!Probe1(load, {VMC_CODE_STORAGE_MODE, &R::storageMode, nullptr, &R::hasStorageMode})) return false;
+    if (!Probe1(load, {.flag = &R::hasStorageMode, .filler = DEVICE_FILLER(RefreshStorageMode)})) return false;
     uint32_t first = 0, second = 0;
     const bool answered = VMC_GetSSDBoxInfo(load.deviceNo, 0, &first, &second, load.error);
     if (!answered && !IsNotSupported(load.error)) return false;
@@ -536,10 +536,10 @@ bool ReadWarningTemperature(DeviceLoad& load, uint8_t& flag) {
 
 bool ReadNoiseAndStorageModes(DeviceLoad& load) {
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_LOW_FRAME_RATE_MODE, &R::lowFrameRateMode, nullptr, &R::hasLowFrameRateMode},
+        {.flag = &R::hasLowFrameRateMode, .filler = DEVICE_FILLER(RefreshLowFrameRateMode)},
         {VMC_CODE_HARDWARE_NOISE_REDUCTION, nullptr, nullptr, &R::hasHardwareNoiseReduction},
         {VMC_CODE_SOFT_NOISE_REDUCTION, nullptr, nullptr, &R::hasSoftNoiseReduction},
-        {VMC_CODE_STORAGE_DOWNLOAD_MODE, &R::storageDownloadMode, nullptr, &R::hasStorageDownloadMode},
+        {.flag = &R::hasStorageDownloadMode, .filler = DEVICE_FILLER(RefreshStorageDownloadMode)},
     };
     return Probes(load, kProbes) && ReadWarningTemperature(load, load.record.hasWarningTemperature);
 }
@@ -557,8 +557,7 @@ bool ReadMedia(DeviceLoad& load) {
         for (uint32_t media = 0; media < 2; ++media)
             Ask(load, VMC_CODE_MEDIA_INFO, media, &value1, &value2, Rule::Ignored);
     }
-    return Probe1(load, {VMC_CODE_MEDIA_SAVE_AFTER_INSERT, &R::mediaSaveAfterInsert, nullptr,
-                         &R::hasMediaSaveAfterInsert});
+    return Probe1(load, {.flag = &R::hasMediaSaveAfterInsert, .filler = DEVICE_FILLER(RefreshMediaSaveAfterInsert)});
 }
 
 bool ReadBattery(DeviceLoad& load) {
@@ -590,8 +589,8 @@ bool ProbeOne(DeviceLoad& load, uint32_t code, uint32_t sub, uint8_t& flag) {
 bool ReadPowerAndThresholds(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     static constexpr DeviceProbe kProbes[] = {
-        {VMC_CODE_AUTO_POWER_WHEN_SUPPLY, &R::autoPowerWhenSupply, nullptr, &R::hasAutoPowerWhenSupply},
-        {VMC_CODE_VIDEO_OSD_CROSSHAIR_MODE, &R::videoOSDCrosshairMode, nullptr, &R::hasVideoOSDCrosshairMode},
+        {.flag = &R::hasAutoPowerWhenSupply, .filler = DEVICE_FILLER(RefreshAutoPowerWhenSupply)},
+        {.flag = &R::hasVideoOSDCrosshairMode, .filler = DEVICE_FILLER(RefreshVideoOSDCrosshairMode)},
     };
     if (!Probes(load, kProbes)) return false;
     uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
@@ -626,14 +625,12 @@ bool ReadTriggerLimits(DeviceLoad& load, uint32_t code, uint32_t& limit1, uint32
 
 bool ReadAccelerationTriggers(DeviceLoad& load) {
     DeviceRecord& record = load.record;
-    if (!Probe1(load, {VMC_CODE_ACCELERATION_TRIGGER, &R::accelerationTrigger1, &R::accelerationTrigger2,
-                       &R::hasAccelerationTrigger}))
+    if (!Probe1(load, {.flag = &R::hasAccelerationTrigger, .filler = DEVICE_PAIR_FILLER(RefreshAccelerationTrigger)}))
         return false;
     if (record.hasAccelerationTrigger)
         ReadTriggerLimits(load, VMC_CODE_ACCELERATION_TRIGGER_LIMIT, record.accelerationTriggerLimit1,
                           record.accelerationTriggerLimit2, record.accelerationTriggerLimit3);
-    if (!Probe1(load, {VMC_CODE_ACCELERATION_TRIGGER_TIME, &R::accelerationTriggerTime, nullptr,
-                       &R::hasAccelerationTriggerTime}))
+    if (!Probe1(load, {.flag = &R::hasAccelerationTriggerTime, .filler = DEVICE_FILLER(RefreshAccelerationTriggerTime)}))
         return false;
     if (record.hasAccelerationTriggerTime)
         ReadTriggerLimits(load, VMC_CODE_ACCELERATION_TRIGGER_TIME_LIMIT, record.accelerationTriggerTimeLimit1,
@@ -666,8 +663,9 @@ bool ReadOutSignalSpans(DeviceLoad& load) {
             return false;
         if (!answered) continue;
         StoreField(record.hasExternalOutSignalSpan, 1);
-        if (value) StoreField(record.externalOutSignalSpan, record.externalOutSignalSpan | 1u << port);
-        else record.externalOutSignalSpan &= ~(1u << port);
+        const uint32_t bit = 1u << port;
+        StoreField(record.externalOutSignalSpan, value ? record.externalOutSignalSpan | bit
+                                                       : record.externalOutSignalSpan & ~bit);
     }
     return true;
 }

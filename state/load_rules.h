@@ -10,6 +10,7 @@
 
 #include <vmc/codes.h>
 
+#include "core/fields.h"
 #include "core/module_calls.h"
 
 namespace vmc {
@@ -41,25 +42,75 @@ inline bool Ask(uint32_t deviceNo, uint32_t child, uint32_t code, uint32_t sub, 
     return Survives(rule, ok, *error);
 }
 
-// A tolerant probe of one code: on an answer its fields take the values and
-// its flag is set; on error 21 fields and flag are 0. Fields or flag may be
-// absent; `bare` asks with no value pointers at all.
+// How a probe turns an answer into fields and flag.
+enum class Answer : uint8_t {
+    Values,  // the fields take the values, the flag is set; on error 21 fields and flag are 0
+    Bare,    // as Values, but the module is asked with no value pointers at all
+    IsOne,   // no field: the flag is set when the camera answers exactly 1
+    Kept,    // the field takes the value only when the camera answers; the zeroed record is the default
+};
+
+// The filler of a probe that has a request worker: the worker asks and
+// stores, and the probe keeps only the flag. Called with the load's child
+// (0 for the device) and two value words.
+using Filler = uint32_t (*)(uint32_t deviceNo, uint32_t childNo, uint32_t* value1, uint32_t* value2,
+                            uint32_t* error);
+#define DEVICE_FILLER(worker)                                                                  \
+    +[](uint32_t fillDevice, uint32_t, uint32_t* fillValue, uint32_t*, uint32_t* fillError) {   \
+        return worker(fillDevice, fillValue, fillError);                                       \
+    }
+#define DEVICE_PAIR_FILLER(worker)                                                                           \
+    +[](uint32_t fillDevice, uint32_t, uint32_t* fillValue1, uint32_t* fillValue2, uint32_t* fillError) {   \
+        return worker(fillDevice, fillValue1, fillValue2, fillError);                                        \
+    }
+#define CHILD_FILLER(worker)                                                                                 \
+    +[](uint32_t fillDevice, uint32_t fillChild, uint32_t* fillValue, uint32_t*, uint32_t* fillError) {     \
+        return worker(fillDevice, fillChild, fillValue, fillError);                                          \
+    }
+#define CHILD_PAIR_FILLER(worker)                                                                            \
+    +[](uint32_t fillDevice, uint32_t fillChild, uint32_t* fillValue1, uint32_t* fillValue2,                \
+        uint32_t* fillError) { return worker(fillDevice, fillChild, fillValue1, fillValue2, fillError); }
+
+// One query of the load as a row: a code (and sub-code) with the fields and
+// flag its answer fills, or a request worker that fills the field itself.
+// Fields or flag may be absent.
 template <class Record>
 struct Probe {
-    uint32_t code;
-    uint32_t Record::*first;
-    uint32_t Record::*second;
-    uint8_t Record::*flag;
-    bool bare;
+    uint32_t code = 0;
+    uint32_t Record::*first = nullptr;
+    uint32_t Record::*second = nullptr;
+    uint8_t Record::*flag = nullptr;
+    Answer answer = Answer::Values;
+    uint32_t sub = 0;
+    Rule rule = Rule::Tolerant;
+    Filler filler = nullptr;
 };
 
 template <class Record>
 bool RunProbe(uint32_t deviceNo, uint32_t child, Record& record, const Probe<Record>& probe, uint32_t* error) {
     uint32_t value1 = 0, value2 = 0;
     bool answered = false;
-    if (!Ask(deviceNo, child, probe.code, 0, probe.bare ? nullptr : &value1,
-             probe.bare || !probe.second ? nullptr : &value2, Rule::Tolerant, error, &answered))
+    if (probe.filler) {
+        answered = probe.filler(deviceNo, child, &value1, &value2, error) != 0;
+        if (!Survives(probe.rule, answered, *error)) return false;
+        if (probe.flag) StoreField(record.*probe.flag, answered);
+        return true;
+    }
+    const bool bare = probe.answer == Answer::Bare;
+    if (!Ask(deviceNo, child, probe.code, probe.sub, bare ? nullptr : &value1,
+             bare || !probe.second ? nullptr : &value2, probe.rule, error, &answered))
         return false;
+    switch (probe.answer) {
+    case Answer::IsOne:
+        StoreField(record.*probe.flag, answered && value1 == 1);
+        return true;
+    case Answer::Kept:
+        if (answered) StoreField(record.*probe.first, value1);
+        return true;
+    case Answer::Values:
+    case Answer::Bare:
+        break;
+    }
     if (probe.first) StoreField(record.*probe.first, answered ? value1 : 0);
     if (probe.second) StoreField(record.*probe.second, answered ? value2 : 0);
     if (probe.flag) StoreField(record.*probe.flag, answered);
