@@ -45,6 +45,16 @@ bool Probe1(DeviceLoad& load, const DeviceProbe& probe) {
     return RunProbe(load.deviceNo, 0, load.record, probe, load.error);
 }
 
+// Runs a worker or an exported read of the device under the tolerant rule;
+// the flag, when given, keeps whether it answered.
+template <class Read, class... Outs>
+bool Tolerant(DeviceLoad& load, Read read, uint8_t* flag, Outs... outs) {
+    const bool answered = read(load.deviceNo, outs..., load.error) != 0;
+    if (!answered && !IsNotSupported(load.error)) return false;
+    if (flag) StoreField(*flag, answered);
+    return true;
+}
+
 // The module shares the library's locks: it may block on the same lock as
 // a caller, so the slots it is handed must stay put while the device is open.
 bool HandOverGlobalLock(DeviceLoad& load) {
@@ -84,12 +94,8 @@ bool ReadIdentity(DeviceLoad& load) {
 
 // Direct recording to a storage pack: any failure only means the camera has none.
 bool ReadDirectRecordRapidPack(DeviceLoad& load) {
-    uint32_t value = 0;
-    bool answered = false;
-    Ask(load, VMC_CODE_DIRECT_RECORD_RAPID_PACK, 0, &value, nullptr, Rule::Ignored, &answered);
-    StoreField(load.record.directRecordRapidPack, answered ? value : 0);
-    StoreField(load.record.hasDirectRecordRapidPack, answered);
-    return true;
+    return Probe1(load, {.flag = &R::hasDirectRecordRapidPack, .rule = Rule::Ignored,
+                         .filler = DEVICE_FILLER(RefreshDirectRecordRapidPack)});
 }
 
 bool ReadExternalCount(DeviceLoad& load) {
@@ -97,11 +103,7 @@ bool ReadExternalCount(DeviceLoad& load) {
 }
 
 bool ReadShutterDisplayMode(DeviceLoad& load) {
-    uint32_t value = 0;
-    bool answered = false;
-    Ask(load, VMC_CODE_SHUTTER_DISP_MODE, 0, &value, nullptr, Rule::Ignored, &answered);
-    StoreField(load.record.shutterDispMode, answered ? value : 0);
-    return true;
+    return Probe1(load, {.code = VMC_CODE_SHUTTER_DISP_MODE, .first = &R::shutterDispMode, .rule = Rule::Ignored});
 }
 
 // Modes of ports 1..count. A port the camera refuses with 21 means it has
@@ -181,7 +183,7 @@ bool ReadFrameZeroAndStoreNum(DeviceLoad& load) {
     uint32_t value = 0;
     RefreshFrameZero(load.deviceNo, &value, load.error);  // answers itself for a camera without the code
     value = 0;
-    return RefreshStoreNum(load.deviceNo, &value, load.error) || IsNotSupported(load.error);
+    return Tolerant(load, RefreshStoreNum, nullptr, &value);
 }
 
 // Delay types in the order of the record's delay arrays.
@@ -235,15 +237,6 @@ bool ReadDelayValues(DeviceLoad& load) {
     return true;
 }
 
-// A query through an exported read: the flag is whether it answered.
-bool ProbeExport(DeviceLoad& load, uint32_t (*read)(uint32_t, uint32_t*, uint32_t*), uint8_t& flag) {
-    uint32_t value = 0;
-    const bool answered = read(load.deviceNo, &value, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(flag, answered);
-    return true;
-}
-
 bool ReadModes(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     if (!Probe1(load, {VMC_CODE_RANDOM_TRIGGER_ENABLE, nullptr, nullptr, &R::hasRandomTriggerEnable}) ||
@@ -262,9 +255,9 @@ bool ReadModes(DeviceLoad& load) {
     StoreField(record.hasProgSwitchMode, answered);
     if (!answered) StoreField(record.progSwitchMode[0], 0);
     return Probe1(load, {.flag = &R::hasHighSpeedMode, .filler = DEVICE_FILLER(RefreshHighSpeedMode)}) &&
-           ProbeExport(load, VMC_GetBurstTransfer, record.hasBurstTransfer) &&
-           ProbeExport(load, VMC_GetReadAheadTransfer, record.hasReadAheadTransfer) &&
-           ProbeExport(load, VMC_GetHeadExchange, record.hasHeadExchange) &&
+           Tolerant(load, VMC_GetBurstTransfer, &record.hasBurstTransfer, &value) &&
+           Tolerant(load, VMC_GetReadAheadTransfer, &record.hasReadAheadTransfer, &value) &&
+           Tolerant(load, VMC_GetHeadExchange, &record.hasHeadExchange, &value) &&
            Probe1(load, {VMC_CODE_ETHERNET_INFO, nullptr, nullptr, &R::hasEthernetInfo});
 }
 
@@ -311,21 +304,17 @@ bool ReadOperationFeatures(DeviceLoad& load) {
         {VMC_CODE_KEY_PAD_COMMAND, nullptr, nullptr, &R::hasKeyPadCommand, Answer::Bare},
         {.flag = &R::hasMemoryBlock, .filler = DEVICE_FILLER(RefreshMemoryBlock)},
     };
-    if (!Probes(load, kFirst) || !ProbeExport(load, VMC_GetAutoPlay, record.hasAutoPlay) ||
-        !ProbeExport(load, VMC_GetFactoryDefaults, record.hasFactoryDefaults) || !Probes(load, kPresets))
-        return false;
     uint32_t value = 0;
-    const bool answered = RefreshLiveIRIG(load.deviceNo, &value, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    return Probes(load, kLast);
+    return Probes(load, kFirst) && Tolerant(load, VMC_GetAutoPlay, &record.hasAutoPlay, &value) &&
+           Tolerant(load, VMC_GetFactoryDefaults, &record.hasFactoryDefaults, &value) && Probes(load, kPresets) &&
+           Tolerant(load, RefreshLiveIRIG, nullptr, &value) && Probes(load, kLast);
 }
 
 // Both counts default to 1 when the camera can't say.
 bool ReadChildCounts(DeviceLoad& load) {
     uint32_t count = 0, maxCount = 0;
-    if (!RefreshChildDeviceCount(load.deviceNo, &count, load.error) && !IsNotSupported(load.error)) return false;
-    if (!RefreshMaxChildDeviceCount(load.deviceNo, &maxCount, load.error) && !IsNotSupported(load.error)) return false;
-    return true;
+    return Tolerant(load, RefreshChildDeviceCount, nullptr, &count) &&
+           Tolerant(load, RefreshMaxChildDeviceCount, nullptr, &maxCount);
 }
 
 bool CheckInitialised(DeviceLoad& load) {
@@ -345,27 +334,15 @@ bool ReadExistingChildren(DeviceLoad& load) {
 
 // Written only when the camera answers: the zeroed record is the default.
 bool ReadSeriesAndIndexing(DeviceLoad& load) {
-    struct Kept {
-        uint32_t code;
-        uint32_t R::*field;
-    };
-    static constexpr Kept kKept[] = {
-        {VMC_CODE_DEVICE_SERIES, &R::deviceSeries},
-        {VMC_CODE_PROG_SWITCH_COUNT, &R::progSwitchCount},
-        {VMC_CODE_RECORDING_SYNC_OUT_MODE, &R::recordingSyncOutMode},
-        {VMC_CODE_FRAME_INDEX_MODE, &R::frameIndexMode},
-    };
-    for (const Kept& kept : kKept) {
-        uint32_t value = 0;
-        bool answered = false;
-        if (!Ask(load, kept.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-        if (answered) StoreField(load.record.*kept.field, value);
-    }
-    static constexpr DeviceProbe kRanges[] = {
+    static constexpr DeviceProbe kProbes[] = {
+        {VMC_CODE_DEVICE_SERIES, &R::deviceSeries, nullptr, nullptr, Answer::Kept},
+        {VMC_CODE_PROG_SWITCH_COUNT, &R::progSwitchCount, nullptr, nullptr, Answer::Kept},
+        {VMC_CODE_RECORDING_SYNC_OUT_MODE, &R::recordingSyncOutMode, nullptr, nullptr, Answer::Kept},
+        {VMC_CODE_FRAME_INDEX_MODE, &R::frameIndexMode, nullptr, nullptr, Answer::Kept},
         {VMC_CODE_SHUTDOWN_BATTERY_RANGE, &R::shutdownBatteryRange1, &R::shutdownBatteryRange2},
         {VMC_CODE_MEDIA_SAVE_BATTERY_RANGE, &R::mediaSaveBatteryRange1, &R::mediaSaveBatteryRange2},
     };
-    return Probes(load, kRanges);
+    return Probes(load, kProbes);
 }
 
 bool ReadDropFrames(DeviceLoad& load) {
@@ -397,7 +374,7 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
     bool answered = false;
-    if (!RefreshSubPort(load.deviceNo, &value, load.error) && !IsNotSupported(load.error)) return false;
+    if (!Tolerant(load, RefreshSubPort, nullptr, &value)) return false;
     static constexpr DeviceProbe kProbes[] = {
         {.flag = &R::hasSubInterfaceMode, .filler = DEVICE_FILLER(RefreshSubInterfaceMode)},
         {.flag = &R::hasExposeExtension, .filler = DEVICE_FILLER(RefreshExposeExtension)},
@@ -415,9 +392,7 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     };
     if (!Probes(load, kMore)) return false;
     uint32_t fanFirst = 0, fanSecond = 0;
-    const bool fan = VMC_GetFanState(load.deviceNo, &fanFirst, &fanSecond, load.error);
-    if (!fan && !IsNotSupported(load.error)) return false;
-    StoreField(record.hasFanState, fan);
+    if (!Tolerant(load, VMC_GetFanState, &record.hasFanState, &fanFirst, &fanSecond)) return false;
     if (!ReadStorageControl(load, 0, record.sdCardCtrl, record.hasSdCardCtrl)) return false;
     return Probe1(load, {VMC_CODE_MECHANICAL_SHUTTER, nullptr, nullptr, &R::hasMechanicalShutter});
 }
@@ -435,13 +410,9 @@ bool ReadPixelGainMagnification(DeviceLoad& load) {
 bool ReadSyncAndExposure(DeviceLoad& load) {
     uint32_t value = 0;
     if (!Probe1(load, {VMC_CODE_SELF_SYNC_MODE, &R::selfSyncMode})) return false;
-    if (!RefreshEnableSelfSyncMode(load.deviceNo, &value, load.error) && !IsNotSupported(load.error)) return false;
-    if (!Probe1(load, {VMC_CODE_EXPOSURE_POSITION, &R::exposurePosition, nullptr, &R::hasExposurePosition}))
-        return false;
-    const bool answered = RefreshVSyncExposeDeviation(load.deviceNo, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(load.record.hasVSyncExposeDeviation, answered);
-    return true;
+    return Tolerant(load, RefreshEnableSelfSyncMode, nullptr, &value) &&
+           Probe1(load, {VMC_CODE_EXPOSURE_POSITION, &R::exposurePosition, nullptr, &R::hasExposurePosition}) &&
+           Tolerant(load, RefreshVSyncExposeDeviation, &load.record.hasVSyncExposeDeviation);
 }
 
 bool LoadChildren(DeviceLoad& load) {
@@ -489,33 +460,21 @@ bool ReadStorageBox(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     if (!ReadStorageControl(load, 1, record.ssdBoxCtrl, record.hasSSDBoxCtrl)) return false;
     if (!record.hasSSDBoxCtrl) return true;
-    struct Feature {
-        uint32_t code;
-        uint8_t R::*flag;
+    static constexpr DeviceProbe kFeatures[] = {
+        {VMC_CODE_PROBE_404, nullptr, nullptr, &R::hasCode404, Answer::IsOne},
+        {VMC_CODE_PROBE_405, nullptr, nullptr, &R::hasCode405, Answer::IsOne},
+        {VMC_CODE_PROBE_406, nullptr, nullptr, &R::hasCode406, Answer::IsOne},
+        {VMC_CODE_PROBE_407, nullptr, nullptr, &R::hasCode407, Answer::IsOne},
     };
-    static constexpr Feature kFeatures[] = {
-        {VMC_CODE_PROBE_404, &R::hasCode404},
-        {VMC_CODE_PROBE_405, &R::hasCode405},
-        {VMC_CODE_PROBE_406, &R::hasCode406},
-        {VMC_CODE_PROBE_407, &R::hasCode407},
-    };
-    for (const Feature& feature : kFeatures) {
-        uint32_t value = 0;
-        bool answered = false;
-        if (!Ask(load, feature.code, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-        StoreField(record.*feature.flag, answered && value == 1);
-    }
-    return true;
+    return Probes(load, kFeatures);
 }
 
 bool ReadStorage(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     if (!Probe1(load, {.flag = &R::hasStorageMode, .filler = DEVICE_FILLER(RefreshStorageMode)})) return false;
     uint32_t first = 0, second = 0;
-    const bool answered = VMC_GetSSDBoxInfo(load.deviceNo, 0, &first, &second, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(record.hasSSDBoxInfo, answered);
-    if (answered) {
+    if (!Tolerant(load, VMC_GetSSDBoxInfo, &record.hasSSDBoxInfo, 0u, &first, &second)) return false;
+    if (record.hasSSDBoxInfo) {
         for (uint32_t index = 0; index < 2; ++index) {
             if (!VMC_GetSSDBoxInfo(load.deviceNo, index, &record.ssdBoxFirstValue[index],
                                    &record.ssdBoxSecondValue[index], load.error) &&
@@ -528,10 +487,7 @@ bool ReadStorage(DeviceLoad& load) {
 
 bool ReadWarningTemperature(DeviceLoad& load, uint8_t& flag) {
     uint8_t value = 0;
-    const bool answered = VMC_GetWarningTemperature(load.deviceNo, 0, &value, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(flag, answered);
-    return true;
+    return Tolerant(load, VMC_GetWarningTemperature, &flag, 0u, &value);
 }
 
 bool ReadNoiseAndStorageModes(DeviceLoad& load) {
@@ -577,15 +533,6 @@ uint32_t TemperatureTypes(DeviceLoad& load, uint32_t (&types)[VMC_MAX_LIST_ENTRI
     return *ok && count <= VMC_MAX_LIST_ENTRIES ? count : 0;
 }
 
-// A code whose feature is present only when it answers exactly 1.
-bool ProbeOne(DeviceLoad& load, uint32_t code, uint32_t sub, uint8_t& flag) {
-    uint32_t value = 0;
-    bool answered = false;
-    if (!Ask(load, code, sub, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    StoreField(flag, answered && value == 1);
-    return true;
-}
-
 bool ReadPowerAndThresholds(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     static constexpr DeviceProbe kProbes[] = {
@@ -605,9 +552,9 @@ bool ReadPowerAndThresholds(DeviceLoad& load) {
             return false;
         if (answered) StoreField(record.hasWarningTemperatureThreshold, 1);
     }
+    uint32_t value = 0;
     return Probe1(load, {VMC_CODE_PARTITION_LOCK, nullptr, nullptr, &R::hasPartitionLock}) &&
-           ProbeOne(load, VMC_CODE_SHUTDOWN_CAMERA, 0, record.hasShutdownCamera) &&
-           ProbeOne(load, VMC_CODE_REBOOT_CAMERA, 0, record.hasRebootCamera);
+           Tolerant(load, RefreshShutdownCamera, nullptr, &value) && Tolerant(load, RefreshRebootCamera, nullptr, &value);
 }
 
 // A trigger and its limits: the first limit value packs two 16-bit limits.
@@ -673,15 +620,14 @@ bool ReadOutSignalSpans(DeviceLoad& load) {
 bool ReadFanAndMeasurements(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
-    bool answered = RefreshFanRecReadyStop(load.deviceNo, &value, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(record.hasFanRecReadyStop, answered);
+    if (!Tolerant(load, RefreshFanRecReadyStop, &record.hasFanRecReadyStop, &value)) return false;
     static constexpr DeviceProbe kProbes[] = {
         {VMC_CODE_MEASUREMENT_CURRENT, nullptr, nullptr, &R::hasMeasurementCurrent},
         {VMC_CODE_MEASUREMENT_VOLTAGE, nullptr, nullptr, &R::hasMeasurementVoltage},
     };
     if (!Probes(load, kProbes)) return false;
     // The memory-temperature code has the last word on temperatures.
+    bool answered = false;
     if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
     StoreField(record.hasTemperature, answered && value != 0);
     if (!ReadWarningTemperature(load, record.hasWarningTemperature)) return false;
@@ -733,9 +679,7 @@ bool ReadIdentityExtras(DeviceLoad& load) {
     if (!Probe1(load, {VMC_CODE_PROBE_397, nullptr, nullptr, &R::hasCode397})) return false;
     RefreshSerialNumber(load.deviceNo, 0, load.error);  // a camera without one keeps all ones
     uint32_t high = 0, low = 0;
-    answered = VMC_GetMACAddress(load.deviceNo, &high, &low, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(record.hasMACAddress, answered);
+    if (!Tolerant(load, VMC_GetMACAddress, &record.hasMACAddress, &high, &low)) return false;
     if (!Probe1(load, {VMC_CODE_PROBE_398, nullptr, nullptr, &R::hasCode398})) return false;
     RefreshMaxRandomEndlessTriggerCount(load.deviceNo, load.error);
     return true;
@@ -757,10 +701,7 @@ bool ReadLinkSettings(DeviceLoad& load) {
     if (!Probe1(load, {VMC_CODE_ETHERNET_SPEED_LIMIT, &R::ethernetSpeedLimit, nullptr, &R::hasEthernetSpeedLimit}))
         return false;
     uint32_t linkSpeed = 0;
-    const bool answered = RefreshLinkSpeed(load.deviceNo, &linkSpeed, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(record.hasLinkSpeed, answered);
-    return true;
+    return Tolerant(load, RefreshLinkSpeed, &record.hasLinkSpeed, &linkSpeed);
 }
 
 // The packet-interval mode kept is the open parameter, not the camera's answer.
@@ -793,18 +734,15 @@ bool SendPacketInterval10G(DeviceLoad& load) {
 
 // Newer features announce themselves through one code with the feature number as sub-code.
 bool ReadFeatures(DeviceLoad& load) {
-    DeviceRecord& record = load.record;
-    struct Feature {
-        uint32_t number;
-        uint8_t R::*flag;
+    static constexpr DeviceProbe kFeatures[] = {
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasFeature161, Answer::IsOne, 161},
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasFeature162, Answer::IsOne, 162},
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasTelnetCommand, Answer::IsOne, 164},
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasDeviceErrorList, Answer::IsOne, 165},
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasDeviceErrorObserve, Answer::IsOne, 166},
+        {VMC_CODE_FEATURE, nullptr, nullptr, &R::hasPhaseAdjustment, Answer::IsOne, 168},
     };
-    static constexpr Feature kFeatures[] = {
-        {161, &R::hasFeature161},      {162, &R::hasFeature162},      {164, &R::hasTelnetCommand},
-        {165, &R::hasDeviceErrorList}, {166, &R::hasDeviceErrorObserve}, {168, &R::hasPhaseAdjustment},
-    };
-    for (const Feature& feature : kFeatures)
-        if (!ProbeOne(load, VMC_CODE_FEATURE, feature.number, record.*feature.flag)) return false;
-    return true;
+    return Probes(load, kFeatures);
 }
 
 constexpr Step kSteps[] = {
