@@ -324,18 +324,13 @@ bool ReadExtras(ChildLoad& load) {
     RefreshSerialNumber(load.deviceNo, load.childNo, load.error);  // a head without one keeps all ones
     if (!ReadAccelerationData(load, child.hasMemAccelerationData)) return false;
     uint32_t value = 0;
-    bool answered = false;
-    if (!Ask(load, VMC_CODE_PROBE_401, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    StoreField(child.code401Value, answered ? static_cast<uint8_t>(value) : 0);
-    if (!Ask(load, VMC_CODE_SAVE_SLOT_NO, &child.saveSlotNo, nullptr, Rule::Tolerant)) return false;
+    if (!Tolerant(load, RefreshCode401, nullptr, &value)) return false;
+    value = 0;
+    if (!Tolerant(load, RefreshSaveSlotNo, nullptr, &value)) return false;
     const bool irig = GetData(load.deviceNo, load.childNo, VMC_DATA_LIVE_IMAGE_IRIG, 0, 0, nullptr, load.error);
     if (!irig && !IsNotSupported(load.error)) return false;
     StoreField(child.hasLiveImageIRIG, irig);
-    if (!Ask(load.deviceNo, load.childNo, VMC_CODE_FEATURE, 162, &value, nullptr, Rule::Tolerant, load.error,
-             &answered))
-        return false;
-    StoreField(child.hasFeature162, answered && value == 1);
-    return true;
+    return Probe1(load, {VMC_CODE_FEATURE, nullptr, nullptr, &C::hasFeature162, Answer::IsOne, 162});
 }
 
 constexpr Step kSteps[] = {

@@ -94,8 +94,8 @@ bool ReadIdentity(DeviceLoad& load) {
 
 // Direct recording to a storage pack: any failure only means the camera has none.
 bool ReadDirectRecordRapidPack(DeviceLoad& load) {
-    return Probe1(load, {.flag = &R::hasDirectRecordRapidPack, .rule = Rule::Ignored,
-                         .filler = DEVICE_FILLER(RefreshDirectRecordRapidPack)});
+    return Probe1(load, {.code = VMC_CODE_DIRECT_RECORD_RAPID_PACK, .first = &R::directRecordRapidPack,
+                         .flag = &R::hasDirectRecordRapidPack, .rule = Rule::Ignored});
 }
 
 bool ReadExternalCount(DeviceLoad& load) {
@@ -373,7 +373,6 @@ bool ReadStorageControl(DeviceLoad& load, uint32_t wantedMode, uint32_t& field, 
 bool ReadLinkAndHardware(DeviceLoad& load) {
     DeviceRecord& record = load.record;
     uint32_t value = 0;
-    bool answered = false;
     if (!Tolerant(load, RefreshSubPort, nullptr, &value)) return false;
     static constexpr DeviceProbe kProbes[] = {
         {.flag = &R::hasSubInterfaceMode, .filler = DEVICE_FILLER(RefreshSubInterfaceMode)},
@@ -382,9 +381,9 @@ bool ReadLinkAndHardware(DeviceLoad& load) {
     };
     if (!Probes(load, kProbes)) return false;
     // Any failure only means the camera has no transfer-mode choice.
-    Ask(load, VMC_CODE_G_ETHER_TRANSFER_MODE, 0, &record.gEtherTransferMode, nullptr, Rule::Ignored, &answered);
-    StoreField(record.hasGEtherTransferMode, answered);
-    if (!answered) StoreField(record.gEtherTransferMode, 0);
+    if (!Probe1(load, {.code = VMC_CODE_G_ETHER_TRANSFER_MODE, .first = &R::gEtherTransferMode,
+                       .flag = &R::hasGEtherTransferMode, .rule = Rule::Ignored}))
+        return false;
     static constexpr DeviceProbe kMore[] = {
         {.flag = &R::hasMechaShutterMode, .filler = DEVICE_FILLER(RefreshMechaShutterMode)},
         {VMC_CODE_PROBE_387, nullptr, nullptr, &R::hasCode387},
@@ -546,10 +545,9 @@ bool ReadPowerAndThresholds(DeviceLoad& load) {
     if (!ok) return false;
     for (uint32_t i = 0; i < count; ++i) {
         if (types[i] >= std::size(record.warningTemperatureThreshold)) continue;  // no slot for that type
-        bool answered = false;
-        if (!Ask(load, VMC_CODE_WARNING_TEMPERATURE_THRESHOLD, types[i], &record.warningTemperatureThreshold[types[i]],
-                 nullptr, Rule::Tolerant, &answered))
-            return false;
+        uint32_t threshold = 0;
+        uint8_t answered = 0;
+        if (!Tolerant(load, RefreshWarningTemperatureThreshold, &answered, types[i], &threshold)) return false;
         if (answered) StoreField(record.hasWarningTemperatureThreshold, 1);
     }
     uint32_t value = 0;
@@ -686,7 +684,7 @@ bool ReadIdentityExtras(DeviceLoad& load) {
 }
 
 bool ReadSaveSlotAndSensorError(DeviceLoad& load) {
-    if (!Probe1(load, {VMC_CODE_SAVE_SLOT_NO, &R::saveSlotNo})) return false;
+    if (!Probe1(load, {.filler = CHILD_FILLER(RefreshSaveSlotNo)})) return false;
     uint32_t value = 0;
     bool answered = false;
     if (!Ask(load.deviceNo, load.lastChild, VMC_CODE_ACCELERATION_SENSOR_ERROR, 0, &value, nullptr, Rule::Tolerant,

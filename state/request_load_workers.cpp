@@ -107,26 +107,6 @@ uint32_t RefreshTriggerNoiseFilterWidth(uint32_t deviceNo, uint32_t* width1, uin
     });
 }
 
-// A type the camera can't name reads all ones.
-uint32_t RefreshVDAIOType(uint32_t deviceNo, uint32_t sub, uint32_t* value, uint32_t* error) {
-    return SelfLocked(deviceNo, error, [&]() -> uint32_t {
-        DeviceRecord& record = Record(deviceNo);
-        if (sub >= std::size(record.vdaioType)) return Fail(error, VMC_ERR_BAD_ARGUMENT);
-        const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_VDAIO_TYPE, sub, value, nullptr, error);
-        if (!result) *value = 0xFFFFFFFFu;
-        StoreField(record.vdaioType[sub], *value);
-        return result;
-    });
-}
-
-uint32_t RefreshMemoryShare(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
-    return SelfLocked(deviceNo, error, [&] {
-        const uint32_t result = AskValue(deviceNo, 0, VMC_CODE_MEMORY_SHARE, 0, 0, value, error);
-        StoreField(Record(deviceNo).memoryShare, *value);
-        return result;
-    });
-}
-
 // Cameras that can't say how many random endless triggers they take, take ten.
 uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error) {
     return SelfLocked(deviceNo, error, [&] {

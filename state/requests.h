@@ -123,15 +123,12 @@ uint32_t RefreshCode401(uint32_t deviceNo, uint32_t childNo, uint32_t* value, ui
 uint32_t RefreshVSyncExposeDeviation(uint32_t deviceNo, uint32_t* error);
 // Take the device lock themselves (recursive, so safe in a locked caller) and
 // refuse with error 2 before VMC_Init: triggerNoiseFilter (316);
-// triggerNoiseFilterWidth1 (399) with Width2 and Width3 (380); vdaioType[sub]
-// (384, sub 0..2, all ones on failure); memoryShare (360);
+// triggerNoiseFilterWidth1 (399) with Width2 and Width3 (380);
 // maxRandomEndlessTriggerCount (327, 10 on failure). The serial number above
 // locks the same way.
 uint32_t RefreshTriggerNoiseFilter(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshTriggerNoiseFilterWidth(uint32_t deviceNo, uint32_t* width1, uint32_t* width2, uint32_t* width3,
                                         uint32_t* error);
-uint32_t RefreshVDAIOType(uint32_t deviceNo, uint32_t sub, uint32_t* value, uint32_t* error);
-uint32_t RefreshMemoryShare(uint32_t deviceNo, uint32_t* value, uint32_t* error);
 uint32_t RefreshMaxRandomEndlessTriggerCount(uint32_t deviceNo, uint32_t* error);
 
 // ---- Head settings ---------------------------------------------------------
