@@ -71,6 +71,8 @@ typedef uint32_t (*DEV_GetListFn)(vmc_device_handle handle, uint32_t child, uint
 typedef uint32_t (*DEV_GetDeviceNameFn)(vmc_device_handle handle, uint32_t child, char* nameOut, uint32_t* error);
 typedef uint32_t (*DEV_TransferLiveImageFn)(vmc_device_handle handle, uint32_t child, uint32_t depth, void* buffer,
                                             uint32_t* error);
+/* a, b, c: the caller's three values, passed through; their meaning is the
+   module's own and unknown to the library. */
 typedef uint32_t (*DEV_TransferLiveResetImageFn)(vmc_device_handle handle, uint32_t child, uint32_t a, uint64_t b,
                                                  uint64_t c, uint32_t* error);
 typedef uint32_t (*DEV_TransferMemImageFn)(vmc_device_handle handle, uint32_t child, uint32_t frame,
@@ -99,14 +101,19 @@ typedef uint32_t (*DEV_GetHeadTypeNameFn)(vmc_device_handle handle, uint32_t chi
                                           uint32_t* error);
 typedef uint32_t (*DEV_FPGAConfigFn)(vmc_device_handle handle, uint32_t child, const char* file, uint32_t kind,
                                      uint32_t* error);
-/* The result is the register value. */
-typedef uint32_t (*DEV_ReadRegisterFn)(vmc_device_handle handle, uint32_t a, uint32_t b, uint32_t* error);
-typedef uint32_t (*DEV_WriteRegisterFn)(vmc_device_handle handle, uint32_t a, uint32_t b, uint32_t c,
-                                        uint32_t* error);
+/* The result is the register value; a failure cannot be told. `other` is a
+   second caller value passed through, of meaning unknown. */
+typedef uint32_t (*DEV_ReadRegisterFn)(vmc_device_handle handle, uint32_t registerNo, uint32_t other,
+                                       uint32_t* error);
+/* Non-zero on success. `other` as for DEV_ReadRegister. */
+typedef uint32_t (*DEV_WriteRegisterFn)(vmc_device_handle handle, uint32_t value, uint32_t registerNo,
+                                        uint32_t other, uint32_t* error);
 typedef uint32_t (*DEV_ReadCameraFileFn)(vmc_device_handle handle, const char* file, uint32_t* error);
 typedef uint32_t (*DEV_WriteCameraFileFn)(vmc_device_handle handle, const char* file, uint32_t* error);
+/* zero: always 0 (the child position). first, second: the caller's values,
+   passed through, of meaning unknown. */
 typedef uint32_t (*DEV_LoadFPGAConfigFileFn)(vmc_device_handle handle, uint32_t zero, const char* file,
-                                             uint32_t a, uint32_t b, uint32_t* error);
+                                             uint32_t first, uint32_t second, uint32_t* error);
 typedef uint32_t (*DEV_GetFrameAddressFn)(vmc_device_handle handle, uint32_t child, uint32_t frame,
                                           void* addressOut, uint32_t* error);
 typedef uint32_t (*DEV_GetLiveImageAddress2Fn)(vmc_device_handle handle, uint32_t child, uint32_t* indexOut,
@@ -134,6 +141,10 @@ typedef uint32_t (*DEV_GetMemModeDeviceCapsFn)(vmc_device_handle handle, uint32_
 typedef uint32_t (*DEV_GetMemModeListFn)(vmc_device_handle handle, uint32_t child, uint32_t partition,
                                          uint32_t code, uint32_t sub, void* listOut, uint32_t* countOut,
                                          uint32_t* error);
+/* The storage-pack and media transfers: child, a and b carry the caller's
+   first three values in order, of a meaning that is the module's own; bits
+   is the transfer mode as the library maps it (3, 2 or 0; 17 for a mode it
+   does not know). */
 typedef uint32_t (*DEV_TransferRapidPackImageFn)(vmc_device_handle handle, uint32_t child, uint32_t a, uint32_t b,
                                                  uint32_t bits, void* buffer, uint32_t* error);
 typedef uint32_t (*DEV_TransferRapidPackLutFn)(vmc_device_handle handle, uint32_t child, uint32_t a, uint32_t b,
@@ -185,6 +196,7 @@ typedef uint32_t (*INT_DetectDeviceFn)(uint32_t* countOut, uint32_t* deviceIdLis
 typedef uint32_t (*INT_SetTargetDeviceFn)(uint32_t* addressList, uint32_t count, uint32_t mode, uint32_t* error);
 typedef uint32_t (*INT_PingDeviceFn)(uint32_t deviceAddress, uint32_t waitMs, uint32_t* error);
 typedef uint32_t (*INT_GetPacketSizeFn)(uint32_t moduleHandle, uint32_t* sizeOut, uint32_t* error);
+/* Two time-out values of the link; what each means is the module's own. */
 typedef uint32_t (*INT_GetTimeOutInfoFn)(uint32_t deviceNo, uint32_t* a, uint32_t* b, uint32_t* error);
 
 /*
