@@ -241,6 +241,71 @@ TEST_F(ModuleReads, EveryCodeRowAsksItsCodeAndPassesTheAnswer) {
     }
 }
 
+// Rows stated apart from the table, so that a wrong code, sub-code, child
+// rule, lock, flag or rule for error 21 in it is not mirrored here. Heads are
+// child 2, the caller's indices 5, 6 and 7.
+struct HandCodeRow {
+    const char* name;
+    uint32_t (*call)(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error);
+    uint32_t code, child, sub;  // what the module is asked
+    bool locked, flagged, pair;
+    uint32_t resultOn21, valueOn21;  // the fake writes 77 as it refuses
+};
+
+const HandCodeRow kHandCodeRows[] = {
+    {"VMC_GetShadingAvailable", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) {
+         return VMC_GetShadingAvailable(d, 2, v, e); }, VMC_CODE_SHADING_AVAILABLE, 2, 0, true, true, false, 1, 0},
+    {"VMC_GetFPGAStatus", [](uint32_t d, uint32_t* v, uint32_t* w, uint32_t* e) {
+         return VMC_GetFPGAStatus(d, v, w, e); }, VMC_CODE_FPGA_STATUS, 0, 0, false, false, true, 0, 0},
+    {"VMC_GetSdCardDownloadSlot", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) {
+         return VMC_GetSdCardDownloadSlot(d, v, e); }, VMC_CODE_SD_CARD_DOWNLOAD_SLOT, 0, 0, true, true, false, 0, 77},
+    {"VMC_GetSensorPGARegister2", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) {
+         return VMC_GetSensorPGARegister2(d, 2, 5, 6, 7, v, e); }, VMC_CODE_SENSOR_PGA_REGISTER, 2, 6u << 24 | 5u << 16 | 7,
+     true, false, false, 0, 77},
+    {"VMC_GetShutterSpeedPrecision", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) {
+         return VMC_GetShutterSpeedPrecision(d, 2, v, e); }, VMC_CODE_SHUTTER_SPEED_PRECISION, 2, 0, false, false, false, 1, 2},
+    // The child goes to the module unchecked.
+    {"VMC_GetRapidPackShutterSpeedPrecision", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) {
+         return VMC_GetRapidPackShutterSpeedPrecision(d, 9, 5, v, e); }, VMC_CODE_RAPID_PACK_SHUTTER_SPEED_PRECISION, 9, 5,
+     false, false, false, 0, 77},
+    {"VMC_GetAccelerationSensorError", [](uint32_t d, uint32_t* v, uint32_t* w, uint32_t* e) {
+         return VMC_GetAccelerationSensorError(d, 0, v, w, e); }, VMC_CODE_ACCELERATION_SENSOR_ERROR, 0, 0, false, true,
+     true, 0, 77},
+    {"VMC_GetQRXPLLData", [](uint32_t d, uint32_t* v, uint32_t* w, uint32_t* e) {
+         return VMC_GetQRXPLLData(d, 5, 6, v, w, e); }, VMC_CODE_QRX_PLL_DATA, 0, 5u << 16 | 6, true, false, true, 0, 77},
+};
+
+TEST_F(ModuleReads, CodeRowsWrittenOutByHand) {
+    OpenBoth();
+    for (const HandCodeRow& row : kHandCodeRows) {
+        SCOPED_TRACE(row.name);
+        FAKE_ClearLog();
+        FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", row.child, row.code, row.sub, 111, 222, kOk);
+        HookSeen seen{FullLock()};
+        FAKE_SetHook("DEV_GetDeviceCaps", row.code, SeeLock, &seen);
+        uint32_t value1 = 0, value2 = 0;
+        EXPECT_EQ(1u, row.call(full, &value1, &value2, &error));
+        EXPECT_EQ(111u, value1);
+        EXPECT_EQ(row.pair ? 222u : 0u, value2);
+        EXPECT_EQ(row.locked, seen.lockHeld);
+        FAKE_SetHook("DEV_GetDeviceCaps", row.code, nullptr, nullptr);
+        const std::vector<FakeCall> asked = CallsOf("DEV_GetDeviceCaps", row.code);
+        ASSERT_EQ(1u, asked.size());
+        EXPECT_EQ(row.child, asked[0].child);
+        EXPECT_EQ(row.sub, asked[0].sub);
+
+        FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", row.child, row.code, row.sub, 77, 77, VMC_ERR_NOT_SUPPORTED);
+        EXPECT_EQ(row.resultOn21, row.call(full, &value1, &value2, &error));
+        EXPECT_EQ(row.resultOn21 ? kOk : VMC_ERR_NOT_SUPPORTED, error);
+        EXPECT_EQ(row.valueOn21, value1);
+        if (row.flagged) {
+            EXPECT_EQ(0u, row.call(bare, &value1, &value2, &error));
+            EXPECT_EQ(VMC_ERR_NOT_SUPPORTED, error);
+            EXPECT_EQ(2u, CallsOf("DEV_GetDeviceCaps", row.code).size()) << "the bare camera is not asked";
+        }
+    }
+}
+
 // ---- The block reads -------------------------------------------------------------
 
 // One block read with its arguments fixed, called with the device, a frame

@@ -96,57 +96,117 @@ protected:
     uint32_t deviceNo = VMC_MAX_DEVICES;
 };
 
-TEST_F(Requests, EveryRowStoresWhatTheCameraAnswered) {
+// Each row once with an answer and once refused with 21. The fake writes
+// its outputs also when it refuses: the default must replace them.
+TEST_F(Requests, EveryRowStoresTheAnswerOrItsDefault) {
     uint32_t seed = 2;
     for (const Row& row : kRows) {
         for (uint32_t childNo : Children(row)) {
             SCOPED_TRACE(std::string(row.name) + " child " + std::to_string(childNo));
             const uint32_t first = ++seed, second = seed + 1000;
-            uint32_t expected1 = first, expected2 = second;
-            uint32_t answer1 = first;
+            uint32_t expected1 = first, answer1 = first;
             if (row.kind == Kind::Packed) {
                 answer1 = (first << 16) | second;
             } else if (row.kind == Kind::Flag) {
                 expected1 = answer1 = first & 0x7F;
             }
-            Answer(childNo, row.code, answer1, second);
-            uint32_t value1 = 0, value2 = 0, error = 0;
-            EXPECT_EQ(1u, row.call(deviceNo, childNo, &value1, &value2, &error));
-            EXPECT_EQ(kOk, error);
-            EXPECT_EQ(expected1, value1);
-            if (row.second) {
-                EXPECT_EQ(expected2, value2);
-            }
-            const DeviceRecord device = Info(deviceNo);
-            const ChildRecord child = Head();
-            if (row.first) {
-                EXPECT_EQ(expected1, row.first(device, child, childNo));
-            }
-            if (row.second) {
-                EXPECT_EQ(expected2, row.second(device, child, childNo));
+            for (bool refused : {false, true}) {
+                Answer(childNo, row.code, refused ? 0x00770077 : answer1, refused ? 0x00880088 : second,
+                       refused ? VMC_ERR_NOT_SUPPORTED : kOk);
+                const uint32_t want1 = refused ? row.fallback : expected1, want2 = refused ? 0 : second;
+                uint32_t value1 = 0, value2 = 0, error = 0;
+                EXPECT_EQ(refused ? 0u : 1u, row.call(deviceNo, childNo, &value1, &value2, &error));
+                EXPECT_EQ(refused ? VMC_ERR_NOT_SUPPORTED : kOk, error);
+                EXPECT_EQ(want1, value1);
+                const DeviceRecord device = Info(deviceNo);
+                const ChildRecord child = Head();
+                if (row.first) {
+                    EXPECT_EQ(want1, row.first(device, child, childNo));
+                }
+                if (row.second) {
+                    EXPECT_EQ(want2, value2);
+                    EXPECT_EQ(want2, row.second(device, child, childNo));
+                }
             }
         }
     }
 }
 
-TEST_F(Requests, EveryRowStoresItsDefaultWhenTheCameraLacksTheSetting) {
-    for (const Row& row : kRows) {
-        for (uint32_t childNo : Children(row)) {
-            SCOPED_TRACE(std::string(row.name) + " child " + std::to_string(childNo));
-            // The fake writes its outputs also when it refuses: the default must replace them.
-            Answer(childNo, row.code, 0x00770077, 0x00880088, VMC_ERR_NOT_SUPPORTED);
-            uint32_t value1 = 0, value2 = 0, error = 0;
-            EXPECT_EQ(0u, row.call(deviceNo, childNo, &value1, &value2, &error));
-            EXPECT_EQ(VMC_ERR_NOT_SUPPORTED, error);
-            EXPECT_EQ(row.fallback, value1);
-            const DeviceRecord device = Info(deviceNo);
-            const ChildRecord child = Head();
-            if (row.first) {
-                EXPECT_EQ(row.fallback, row.first(device, child, childNo));
-            }
-            if (row.second) {
-                EXPECT_EQ(0u, value2);
-                EXPECT_EQ(0u, row.second(device, child, childNo));
+// Rows written out apart from the table, so that a wrong code, field, child
+// rule or default in it is not mirrored here: what the module is asked, what
+// the caller gets and the record keeps, and what a refusal (21) leaves.
+struct HandRow {
+    const char* name;
+    std::function<uint32_t(uint32_t deviceNo, uint32_t* value1, uint32_t* value2, uint32_t* error)> call;
+    uint32_t child, code, answer1, answer2;
+    std::vector<uint32_t> returned, onRefusal;
+    // The fields the request stores; null for a query, which keeps nothing.
+    std::vector<uint32_t> (*stored)(const DeviceRecord&, const ChildRecord&);
+};
+
+using Words = std::vector<uint32_t>;
+const HandRow kHandRows[] = {
+    {"VMC_ReqVideoOutMode", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqVideoOutMode(d, v, e); },
+     0, VMC_CODE_VIDEO_OUT_MODE, 5, 0, {5}, {2},
+     [](const DeviceRecord& d, const ChildRecord&) { return Words{d.videoOutMode}; }},
+    {"VMC_ReqChildDeviceCount",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqChildDeviceCount(d, v, e); }, 0,
+     VMC_CODE_CHILD_DEVICE_COUNT, 3, 0, {3}, {1},
+     [](const DeviceRecord& d, const ChildRecord&) { return Words{d.childDeviceCount}; }},
+    {"VMC_ReqProductID of the device",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqProductID(d, 0, v, e); }, 0,
+     VMC_CODE_PRODUCT_ID, 77, 0, {77}, {0},
+     [](const DeviceRecord& d, const ChildRecord&) { return Words{d.productId}; }},
+    {"VMC_ReqRecordRateCache",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqRecordRateCache(d, 1, v, e); }, 1,
+     VMC_CODE_RECORD_RATE_CACHE, 4000, 0, {4000}, {0},
+     [](const DeviceRecord&, const ChildRecord& c) { return Words{c.recordRate}; }},
+    {"VMC_ReqSensorGainMode",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqSensorGainMode(d, 1, v, e); }, 1,
+     VMC_CODE_SENSOR_GAIN_MODE, 3, 0, {3}, {1},
+     [](const DeviceRecord&, const ChildRecord& c) { return Words{c.sensorGainMode}; }},
+    {"VMC_ReqMemIRIG", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqMemIRIG(d, 1, v, e); }, 1,
+     VMC_CODE_IRIG_MODE, 6, 0, {6}, {0},
+     [](const DeviceRecord&, const ChildRecord& c) { return Words{c.memIrigMode}; }},
+    // The gamma name of the memory view asks and keeps the gain mode.
+    {"VMC_ReqMemSensorGammaMode",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqMemSensorGammaMode(d, 1, v, e); }, 1,
+     VMC_CODE_SENSOR_GAIN_MODE, 4, 0, {4}, {1},
+     [](const DeviceRecord&, const ChildRecord& c) { return Words{c.memSensorGainMode}; }},
+    {"VMC_ReqMemResolution",
+     [](uint32_t d, uint32_t* v, uint32_t* w, uint32_t* e) { return VMC_ReqMemResolution(d, 1, v, w, e); }, 1,
+     VMC_CODE_RESOLUTION, 640u << 16 | 480, 0, {640, 480}, {0, 0},
+     [](const DeviceRecord&, const ChildRecord& c) { return Words{c.memWidth, c.memHeight}; }},
+    {"VMC_ReqFanCtrl", [](uint32_t d, uint32_t* v, uint32_t* w, uint32_t* e) { return VMC_ReqFanCtrl(d, v, w, e); },
+     0, VMC_CODE_FAN_CTRL, 2, 30, {2, 30}, {0, 0},
+     [](const DeviceRecord& d, const ChildRecord&) { return Words{d.fanCtrlMode, d.fanCtrlValue}; }},
+    {"VMC_ReqSubPort", [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqSubPort(d, v, e); }, 0,
+     VMC_CODE_SUB_PORT, 1, 0, {1}, {0}, [](const DeviceRecord& d, const ChildRecord&) { return Words{d.hasSubPort}; }},
+    {"VMC_ReqMechanicalShutter",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqMechanicalShutter(d, v, e); }, 0,
+     VMC_CODE_MECHANICAL_SHUTTER, 1, 0, {1}, {2}, nullptr},
+    {"VMC_ReqPixelGainMagnification",
+     [](uint32_t d, uint32_t* v, uint32_t*, uint32_t* e) { return VMC_ReqPixelGainMagnification(d, 1, v, e); }, 1,
+     VMC_CODE_PIXEL_GAIN_MAGNIFICATION_UPLOAD, 2048, 0, {2048}, {1024}, nullptr},
+};
+
+TEST_F(Requests, RowsWrittenOutByHand) {
+    for (const HandRow& row : kHandRows) {
+        SCOPED_TRACE(row.name);
+        for (bool refused : {false, true}) {
+            Answer(row.child, row.code, row.answer1, row.answer2, refused ? VMC_ERR_NOT_SUPPORTED : kOk);
+            FAKE_ClearLog();
+            uint32_t value[2] = {}, error = 0;
+            EXPECT_EQ(refused ? 0u : 1u, row.call(deviceNo, &value[0], &value[1], &error));
+            EXPECT_EQ(refused ? VMC_ERR_NOT_SUPPORTED : kOk, error);
+            const Words& want = refused ? row.onRefusal : row.returned;
+            EXPECT_EQ(want, Words(value, value + want.size()));
+            const std::vector<FakeCall> asked = CallRecords("DEV_GetDeviceCaps");
+            ASSERT_EQ(3u, asked.size()) << "the link twice, then the setting";
+            EXPECT_EQ(row.code, asked[2].code);
+            EXPECT_EQ(row.child, asked[2].child);
+            if (row.stored) {
+                EXPECT_EQ(want, row.stored(Info(deviceNo), Head()));
             }
         }
     }

@@ -108,6 +108,53 @@ TEST_F(ValueLists, EveryRowPassesTheModulesListThrough) {
     }
 }
 
+// Rows stated apart from the table, so that a wrong list code, child rule,
+// lock or sub-code in it is not mirrored here: head 2, port 3.
+struct HandRow {
+    const char* name;
+    uint32_t (*call)(uint32_t deviceNo, uint32_t* count, uint32_t* list, uint32_t* error);
+    uint32_t list, child, sub;  // what the module is asked
+    bool locked;
+};
+
+const HandRow kHandRows[] = {
+    {"VMC_GetRecordRateList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetRecordRateList(d, 2, n, l, e); }, VMC_LIST_RECORD_RATE, 2, 0, true},
+    {"VMC_GetSensorGainModeList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetSensorGainModeList(d, 2, n, l, e); }, VMC_LIST_SENSOR_GAIN_MODE, 2, 0, false},
+    {"VMC_GetAEShutterNsecList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetAEShutterNsecList(d, 2, n, l, e); }, VMC_LIST_AE_SHUTTER_NSEC, 2, 0, true},
+    {"VMC_GetPixelDefectList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetPixelDefectList(d, 2, n, l, e); }, VMC_LIST_PIXEL_DEFECT, 2, 0, true},
+    {"VMC_GetTriggerModeList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetTriggerModeList(d, n, l, e); }, VMC_LIST_TRIGGER_MODE, 0, 0, false},
+    {"VMC_GetExternalOutModeList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetExternalOutModeList(d, 3, n, l, e); }, VMC_LIST_EXTERNAL_OUT_MODE, 0, 3, false},
+    {"VMC_GetADCRangeList", [](uint32_t d, uint32_t* n, uint32_t* l, uint32_t* e) {
+         return VMC_GetADCRangeList(d, n, l, e); }, VMC_LIST_ADC_RANGE, 0, 0, false},
+};
+
+TEST_F(ValueLists, RowsWrittenOutByHand) {
+    const uint32_t deviceNo = OpenTwoHeads();
+    const uint32_t values[] = {7, 8};
+    for (const HandRow& row : kHandRows) {
+        SCOPED_TRACE(row.name);
+        FAKE_ClearLog();
+        FAKE_SetList("DMOD016", "DEV_GetList", row.child, row.list, row.sub, values, 2, kOk);
+        HookSeen seen{DeviceLock()};
+        FAKE_SetHook("DEV_GetList", row.list, SeeLock, &seen);
+        EXPECT_EQ(1u, row.call(deviceNo, &count, list, &error));
+        EXPECT_EQ((std::vector<uint32_t>{7, 8}), std::vector<uint32_t>(list, list + count));
+        EXPECT_EQ(row.locked, seen.lockHeld);
+        FAKE_SetHook("DEV_GetList", row.list, nullptr, nullptr);
+        const std::vector<FakeCall> calls = CallRecords("DEV_GetList");
+        ASSERT_EQ(1u, calls.size());
+        EXPECT_EQ(row.list, calls[0].code);
+        EXPECT_EQ(row.child, calls[0].child);
+        EXPECT_EQ(row.sub, calls[0].sub);
+    }
+}
+
 TEST_F(ValueLists, PartitionIncrementModes) {
     Detect(VMC_INTERFACE_VIRTUAL);
     ScriptCamera(16);
