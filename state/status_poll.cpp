@@ -35,6 +35,22 @@ bool Refresh(Poll& poll, uint32_t code, uint32_t& field, uint32_t fallback = 0) 
     return answered;
 }
 
+using DeviceWorker = uint32_t (*)(uint32_t deviceNo, uint32_t* value, uint32_t* error);
+
+// Runs the request worker of one device field, asking with the field's value
+// as the worker's variable; the worker stores the answer (or its default).
+bool Run(Poll& poll, DeviceWorker worker, const uint32_t& field) {
+    uint32_t value = LoadField(field);
+    return worker(poll.deviceNo, &value, poll.error) != 0;
+}
+
+// The same for a worker of two fields, whose failure does not end the poll.
+void RefreshNoStop(Poll& poll, uint32_t (*worker)(uint32_t, uint32_t*, uint32_t*, uint32_t*), const uint32_t& first,
+                   const uint32_t& second) {
+    uint32_t value1 = LoadField(first), value2 = LoadField(second);
+    worker(poll.deviceNo, &value1, &value2, poll.error);
+}
+
 // As Refresh, but a failure stores 0 on error 21 and the poll goes on.
 void RefreshNoStop(Poll& poll, uint32_t code, uint32_t sub, uint32_t& first, uint32_t* second = nullptr) {
     uint32_t value1 = LoadField(first), value2 = second ? LoadField(*second) : 0;
@@ -100,27 +116,26 @@ bool PollDeviceModes(Poll& poll) {
     DeviceRecord& record = poll.record;
     struct Mode {
         uint8_t DeviceRecord::*flag;
-        uint32_t code;
+        DeviceWorker worker;
         uint32_t DeviceRecord::*field;
-        uint32_t fallback;
     };
     static constexpr Mode kModes[] = {
-        {&DeviceRecord::hasShutterLockMode, VMC_CODE_SHUTTER_LOCK_MODE, &DeviceRecord::shutterLockMode, 0},
-        {&DeviceRecord::hasResolutionLockMode, VMC_CODE_RESOLUTION_LOCK_MODE, &DeviceRecord::resolutionLockMode, 0},
-        {&DeviceRecord::hasPartitionIncMode, VMC_CODE_PARTITION_INC_MODE, &DeviceRecord::partitionIncMode, 0},
-        {&DeviceRecord::hasKeyPadLock, VMC_CODE_KEY_PAD_LOCK, &DeviceRecord::keyPadLock, 0},
-        {&DeviceRecord::hasVideoOutMode, VMC_CODE_VIDEO_OUT_MODE, &DeviceRecord::videoOutMode, 2},
+        {&DeviceRecord::hasShutterLockMode, RefreshShutterLockMode, &DeviceRecord::shutterLockMode},
+        {&DeviceRecord::hasResolutionLockMode, RefreshResolutionLockMode, &DeviceRecord::resolutionLockMode},
+        {&DeviceRecord::hasPartitionIncMode, RefreshPartitionIncMode, &DeviceRecord::partitionIncMode},
+        {&DeviceRecord::hasKeyPadLock, RefreshKeyPadLock, &DeviceRecord::keyPadLock},
+        {&DeviceRecord::hasVideoOutMode, RefreshVideoOutMode, &DeviceRecord::videoOutMode},
     };
     for (const Mode& mode : kModes)
-        if (record.*mode.flag && !Refresh(poll, mode.code, record.*mode.field, mode.fallback)) return false;
+        if (record.*mode.flag && !Run(poll, mode.worker, record.*mode.field)) return false;
 
     uint32_t value = 0;
     if (record.hasIRIG) {
-        if (!Refresh(poll, VMC_CODE_IRIG_MODE, record.irigMode)) return false;
+        if (!Run(poll, RefreshIRIG, record.irigMode)) return false;
         if (!RefreshIRIGOffset(poll.deviceNo, &value, poll.error)) return false;
         if (record.hasIRIGSampleMode && !RefreshIRIGSampleMode(poll.deviceNo, &value, poll.error)) return false;
     }
-    if (record.hasMCDL && !Refresh(poll, VMC_CODE_MCDL_MODE, record.mcdlMode)) return false;
+    if (record.hasMCDL && !Run(poll, RefreshMCDL, record.mcdlMode)) return false;
     if (record.hasADC &&
         (!RefreshAdcMode(poll.deviceNo, &value, poll.error) || !RefreshAdcRange(poll.deviceNo, &value, poll.error)))
         return false;
@@ -140,11 +155,11 @@ bool PollDeviceModes(Poll& poll) {
         RefreshNoStop(poll, VMC_CODE_MEDIA_SAVE_BATTERY_SUPPLY, 0, record.mediaSaveBatterySupply1,
                       &record.mediaSaveBatterySupply2);
     }
-    if (record.hasAutoPowerWhenSupply) RefreshNoStop(poll, VMC_CODE_AUTO_POWER_WHEN_SUPPLY, 0, record.autoPowerWhenSupply);
+    if (record.hasAutoPowerWhenSupply) Run(poll, RefreshAutoPowerWhenSupply, record.autoPowerWhenSupply);
     if (record.hasVideoOSDCrosshairMode)
-        RefreshNoStop(poll, VMC_CODE_VIDEO_OSD_CROSSHAIR_MODE, 0, record.videoOSDCrosshairMode);
+        Run(poll, RefreshVideoOSDCrosshairMode, record.videoOSDCrosshairMode);
     if (record.hasVideoOutSignalEnable)
-        RefreshNoStop(poll, VMC_CODE_VIDEO_OUT_SIGNAL_ENABLE, 0, record.videoOutSignalEnable);
+        Run(poll, RefreshVideoOutSignalEnable, record.videoOutSignalEnable);
     if (record.hasWarningTemperatureThreshold) {
         uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
         uint32_t count = 0;
@@ -158,9 +173,9 @@ bool PollDeviceModes(Poll& poll) {
     if (record.hasShutdownCamera) Touch(poll, 0, VMC_CODE_SHUTDOWN_CAMERA);
     if (record.hasRebootCamera) Touch(poll, 0, VMC_CODE_REBOOT_CAMERA);
     if (record.hasAccelerationTrigger)
-        RefreshNoStop(poll, VMC_CODE_ACCELERATION_TRIGGER, 0, record.accelerationTrigger1, &record.accelerationTrigger2);
+        RefreshNoStop(poll, RefreshAccelerationTrigger, record.accelerationTrigger1, record.accelerationTrigger2);
     if (record.hasAccelerationTriggerTime)
-        RefreshNoStop(poll, VMC_CODE_ACCELERATION_TRIGGER_TIME, 0, record.accelerationTriggerTime);
+        Run(poll, RefreshAccelerationTriggerTime, record.accelerationTriggerTime);
     if (record.hasTriggerNoiseFilter) RefreshTriggerNoiseFilter(poll.deviceNo, &value, poll.error);
     if (record.hasTriggerNoiseFilterWidth) {
         uint32_t width2 = 0, width3 = 0;
@@ -214,16 +229,16 @@ bool PollOperation(Poll& poll) {
         for (uint32_t sw = 1; sw <= 4; ++sw)
             if (!RefreshProgSwitchMode(poll.deviceNo, sw, &value, poll.error) && sw == 1) return false;
     }
-    if (record.hasRecordingType && !Refresh(poll, VMC_CODE_RECORDING_TYPE, record.recordingType)) return false;
-    if (record.hasMCDLDataMode && !Refresh(poll, VMC_CODE_MCDL_DATA_MODE, record.mcdlDataMode)) return false;
+    if (record.hasRecordingType && !Run(poll, RefreshRecordingType, record.recordingType)) return false;
+    if (record.hasMCDLDataMode && !Run(poll, RefreshMCDLDataMode, record.mcdlDataMode)) return false;
     if (record.hasStorePreset) {
-        if (!Refresh(poll, VMC_CODE_STORE_PRESET, record.storePreset, 1)) return false;
+        if (!Run(poll, RefreshStorePreset, record.storePreset)) return false;
         RefreshIfAnswered(poll, VMC_CODE_STORE_PRESET_REBOOT, 0, record.storePresetReboot);
     }
-    if (record.hasInstructionSet && !Refresh(poll, VMC_CODE_INSTRUCTION_SET, record.instructionSet)) return false;
-    if (record.hasLEDMode && !Refresh(poll, VMC_CODE_LED_MODE, record.ledMode, 1)) return false;
-    if (record.hasBatteryPowerMode && !Refresh(poll, VMC_CODE_BATTERY_POWER_MODE, record.batteryPowerMode)) return false;
-    if (record.hasBinningSensorMode && !Refresh(poll, VMC_CODE_BINNING_SENSOR_MODE, record.binningSensorMode))
+    if (record.hasInstructionSet && !Run(poll, RefreshInstructionSet, record.instructionSet)) return false;
+    if (record.hasLEDMode && !Run(poll, RefreshLEDMode, record.ledMode)) return false;
+    if (record.hasBatteryPowerMode && !Run(poll, RefreshBatteryPowerMode, record.batteryPowerMode)) return false;
+    if (record.hasBinningSensorMode && !Run(poll, RefreshBinningSensorMode, record.binningSensorMode))
         return false;
     if (record.hasSyncPriority && !RefreshSyncPriority(poll.deviceNo, &value, poll.error)) return false;
     if (record.hasExposeExtension && !RefreshExposeExtension(poll.deviceNo, &value, poll.error)) return false;
