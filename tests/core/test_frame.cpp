@@ -55,36 +55,32 @@ TEST_F(Frame, LinkDownBeforeTheWaitRefusesWithoutWaiting) {
     EXPECT_EQ(0, Count("DEV_GetDeviceCaps", VMC_CODE_LAST_ERROR));
 }
 
-TEST_F(Frame, LinkQueryFailingWithAnotherErrorIsTheCallersError) {
+// The link is asked before the wait and again after it. A failure before
+// the wait releases nothing it took; one after it keeps the lock with the
+// caller, except a link that dropped meanwhile.
+TEST_F(Frame, LinkQueryFailuresAroundTheWait) {
+    const struct {
+        const char* what;
+        uint32_t before, beforeError, after, afterError, error;
+        bool kept;
+    } cases[] = {
+        {"before the wait", 0, 77, 0, 77, 77, false},
+        {"after the wait", 1, kOk, 0, 77, 77, true},
+        {"dropped during the wait", 1, kOk, 0, kOk, VMC_ERR_DISCONNECTED, false},
+    };
     const uint32_t deviceNo = DetectAndOpen(16);
-    FAKE_SetAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, 0, 0, 77);
-    uint32_t a = 0, b = 0, error = 0;
-    EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
-    EXPECT_EQ(77u, error);
-    EXPECT_FALSE(HeldElsewhere(FAKE_LockSlot("DMOD016", 7, 0)));
-}
-
-TEST_F(Frame, LinkQueryFailingAfterTheWaitKeepsTheLock) {
-    const uint32_t deviceNo = DetectAndOpen(16);
-    FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, 1, 0, kOk);
-    FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, 0, 0, 77);
-    uint32_t a = 0, b = 0, error = 0;
-    EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
-    EXPECT_EQ(77u, error);
     vmc_lock_slot slot = FAKE_LockSlot("DMOD016", 7, 0);
-    EXPECT_TRUE(HeldElsewhere(slot));
-    pthread_mutex_unlock(*slot);  // this thread owns what the call kept
-    EXPECT_FALSE(HeldElsewhere(slot));
-}
-
-TEST_F(Frame, LinkDroppingDuringTheWaitReleasesTheLock) {
-    const uint32_t deviceNo = DetectAndOpen(16);
-    FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, 1, 0, kOk);
-    FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, 0, 0, kOk);
-    uint32_t a = 0, b = 0, error = 0;
-    EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error));
-    EXPECT_EQ(VMC_ERR_DISCONNECTED, error);
-    EXPECT_FALSE(HeldElsewhere(FAKE_LockSlot("DMOD016", 7, 0)));
+    for (const auto& c : cases) {
+        FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, c.before, 0, c.beforeError);
+        FAKE_QueueAnswer("DMOD016", "DEV_GetDeviceCaps", 0, VMC_CODE_CONNECT_STATE, 0, c.after, 0, c.afterError);
+        uint32_t a = 0, b = 0, error = 0;
+        EXPECT_EQ(0u, VMC_GetLastError(deviceNo, &a, &b, &error)) << c.what;
+        EXPECT_EQ(c.error, error) << c.what;
+        EXPECT_EQ(c.kept, HeldElsewhere(slot)) << c.what;
+        if (c.kept) pthread_mutex_unlock(*slot);  // this thread owns what the call kept
+        FAKE_Reset();
+        ScriptCamera(16);
+    }
 }
 
 TEST_F(Frame, CallsOnAClosedDeviceFindNoLock) {

@@ -250,11 +250,7 @@ TEST_F(CachedReads, CameraWithEveryFunctionAnswersFromTheRecord) {
     const uint32_t deviceNo = OpenCamera();
     // All but the controls of a storage kind the camera has not attached.
     EXPECT_GE(WalkTable(deviceNo, 1), 150);
-    // The device and its head keep identities of their own.
-    uint32_t device = 0, head = 0, error = 0;
-    VMC_GetProductID(deviceNo, 0, &device, &error);
-    VMC_GetProductID(deviceNo, 1, &head, &error);
-    EXPECT_NE(device, head);
+    uint32_t error = 0;
     // The magnification limit is the library's own, with no camera traffic.
     FAKE_ClearLog();
     uint32_t limit = 0;

@@ -298,25 +298,13 @@ TEST_F(Requests, HeadRequestsRefuseAMissingHeadBeforeAskingAnything) {
     EXPECT_EQ(0u, FAKE_CallCount());
 }
 
-TEST_F(Requests, FrameChecksComeBeforeTheLock) {
-    uint32_t value = 0, error = 0;
+TEST_F(Requests, OutputChecksComeBeforeTheLock) {
+    uint32_t error = 0;
     EXPECT_EQ(0u, VMC_ReqRecordRate(deviceNo, 1, nullptr, &error));
     EXPECT_EQ(VMC_ERR_BAD_ARGUMENT, error);
     EXPECT_EQ(0u, VMC_ReqIRIG(deviceNo, nullptr, &error));
     EXPECT_EQ(VMC_ERR_BAD_ARGUMENT, error);
     EXPECT_EQ(0u, FAKE_CallCount());
-    // The device lock asks for the link before and after its wait.
-    Answer(0, VMC_CODE_IRIG_MODE, 1);
-    EXPECT_EQ(1u, VMC_ReqIRIG(deviceNo, &value, &error));
-    const std::vector<std::string> expected = {"DEV_GetDeviceCaps 325", "DEV_GetDeviceCaps 325",
-                                               "DEV_GetDeviceCaps 14"};
-    EXPECT_EQ(expected, Calls(kModule));
-    // A link that is down is refused by the lock, before the setting is asked.
-    FAKE_ClearLog();
-    Answer(0, VMC_CODE_CONNECT_STATE, 0);
-    EXPECT_EQ(0u, VMC_ReqIRIG(deviceNo, &value, &error));
-    EXPECT_EQ(VMC_ERR_DISCONNECTED, error);
-    EXPECT_EQ(0, Count("DEV_GetDeviceCaps", VMC_CODE_IRIG_MODE));
 }
 
 TEST_F(Requests, ResolutionUnpacksAndTheRegionOfInterestFollows) {

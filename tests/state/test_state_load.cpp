@@ -153,12 +153,6 @@ TEST_F(StateLoad, HeadsComeFromTheExistingList) {
     EXPECT_STREQ("Right head", child.childName);
 }
 
-TEST_F(StateLoad, ChildCountsDefaultToOne) {
-    const uint32_t deviceNo = DetectAndOpen(16);
-    EXPECT_EQ(1u, Info(deviceNo).childDeviceCount);
-    EXPECT_EQ(1u, Info(deviceNo).maxChildDeviceCount);
-}
-
 TEST_F(StateLoad, DeviceNameFailures) {
     Detect(VMC_INTERFACE_VIRTUAL);
     ScriptCamera(16);

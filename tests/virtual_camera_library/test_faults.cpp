@@ -54,15 +54,6 @@ TEST(VirtualFaults, AMalformedProfileIsReportedAndFindsNoCamera) {
     EXPECT_EQ(1, std::count(message.begin(), message.end(), '\n')) << message;
 }
 
-TEST(VirtualFaults, AnUnknownKeyIsNotIgnored) {
-    UseProfile(R"({"cameras": [{"deviceCode": 258, "deviceId": 1, "recordRatez": [1000]}]})");
-    DetectInfo info;
-    uint32_t error = 0;
-    const std::string message = DetectCapturingErrors(&info, &error);
-    EXPECT_EQ(0u, info.count);
-    EXPECT_NE(std::string::npos, message.find("recordRatez")) << message;
-}
-
 TEST(VirtualFaults, AFailingRequiredCodeFailsTheOpen) {
     UseProfile(OneCamera(R"([{"kind": "fail", "code": 12, "error": 5}])"));
     uint32_t error = 0;

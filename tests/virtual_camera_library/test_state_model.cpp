@@ -29,37 +29,6 @@ uint8_t Function(uint32_t deviceNo, uint32_t childNo, uint32_t index) {
     return result;
 }
 
-TEST(VirtualModel, DefaultCamerasOpenWithTheFlagsOfTheirProfiles) {
-    uint32_t error = 0;
-    DetectInfo info = DetectVirtual(&error);
-    ASSERT_EQ(2u, info.count);
-    const uint32_t mono = OpenEntry(info, 0, &error);
-    const uint32_t colour = OpenEntry(info, 1, &error);
-
-    for (uint32_t deviceNo : {mono, colour}) {
-        // Present by default: IRIG, partitions, read-ahead, burst transfer, shading, sensor gain.
-        EXPECT_EQ(1, Function(deviceNo, 0, VMC_FUNCTION_IRIG));
-        EXPECT_EQ(1, Function(deviceNo, 0, VMC_FUNCTION_PARTITION_INC_MODE));
-        EXPECT_EQ(1, Function(deviceNo, 0, VMC_FUNCTION_READ_AHEAD_TRANSFER));
-        EXPECT_EQ(1, Function(deviceNo, 0, VMC_FUNCTION_BURST_TRANSFER));
-        EXPECT_EQ(1, Function(deviceNo, 1, VMC_FUNCTION_SHADING));
-        EXPECT_EQ(1, Function(deviceNo, 1, VMC_FUNCTION_SENSOR_GAIN));
-        // Absent by default.
-        EXPECT_EQ(0, Function(deviceNo, 0, VMC_FUNCTION_MCDL));
-        EXPECT_EQ(0, Function(deviceNo, 0, VMC_FUNCTION_HEAD_EXCHANGE));
-        EXPECT_EQ(0, Function(deviceNo, 0, VMC_FUNCTION_LOW_LIGHT_MODE));
-        EXPECT_EQ(0, Function(deviceNo, 1, VMC_FUNCTION_LUT));
-        EXPECT_EQ(0, Function(deviceNo, 1, VMC_FUNCTION_AUTO_EXPOSURE));
-    }
-    EXPECT_EQ(1, Function(colour, 2, VMC_FUNCTION_SENSOR_GAIN));
-
-    uint32_t rate = 0;
-    EXPECT_EQ(1u, VMC_GetRecordRate(mono, 1, &rate, &error));
-    EXPECT_NE(0u, rate);
-    VMC_CloseDevice(mono, &error);
-    VMC_CloseDevice(colour, &error);
-}
-
 TEST(VirtualModel, AProfileWithoutAFeatureShowsItsFlagClear) {
     UseProfile(R"({"cameras": [{"base": "mono", "features": {"irig": false, "sensorGain": false, "lut": true}}]})");
     uint32_t error = 0;
