@@ -1,11 +1,11 @@
 // The cached reads: their frame walked over the whole table (initialised,
 // device number, head, flag, untouched outputs, the value the record holds),
-// the members with behaviour of their own, the frame-number arithmetic, and
-// reads racing a refresh.
+// a few rows written out by hand beside the walk, the members with behaviour
+// of their own, and the frame-number arithmetic. Readers racing refreshes are
+// in tests/core/test_threads.cpp.
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstddef>
 #include <cstring>
 #include <functional>
