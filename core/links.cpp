@@ -100,7 +100,7 @@ VMC_EXPORT uint32_t VMC_GetConnectStatus(uint32_t deviceNo, uint32_t* value, uin
         if (!Begin(err) || !DeviceNoInRange(deviceNo, err) || !NotNull(value, err)) return 0;
         if (!Record(deviceNo).deviceCode) return Fail(err, VMC_ERR_NOT_OPEN);
         if (GetCaps(deviceNo, 0, VMC_CODE_CONNECT_STATE, 0, value, nullptr, err)) return 1;
-        if (*err != VMC_ERR_NOT_SUPPORTED) return 0;
+        if (!IsNotSupported(err)) return 0;
         *value = 1;
         *err = VMC_ERR_OK;
         return 1;
@@ -170,7 +170,7 @@ VMC_EXPORT uint32_t VMC_GetConnectedEthernetInfo(uint32_t deviceNo, uint32_t ind
         if (!lock) return 0;
         uint32_t port = 0;
         if (!GetCaps(deviceNo, 0, VMC_CODE_CONNECTED_ETHERNET_INFO, index, &port, nullptr, err)) {
-            if (*err != VMC_ERR_NOT_SUPPORTED) return 0;
+            if (!IsNotSupported(err)) return 0;
             port = 0;
         }
         const uint32_t code = port ? VMC_CODE_ETHERNET_INFO_2 : VMC_CODE_ETHERNET_INFO;

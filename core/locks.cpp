@@ -28,7 +28,7 @@ uint32_t Wait(MutexHandle mutex, uint32_t* error) {
 uint32_t QueryConnected(uint32_t deviceNo, uint32_t* connected, uint32_t* error) {
     *connected = 0;
     if (GetCaps(deviceNo, 0, VMC_CODE_CONNECT_STATE, 0, connected, nullptr, error)) return 1;
-    if (*error != VMC_ERR_NOT_SUPPORTED) return 0;
+    if (!IsNotSupported(error)) return 0;
     *connected = 1;
     return 1;
 }

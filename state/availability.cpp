@@ -123,7 +123,7 @@ VMC_EXPORT uint32_t VMC_EnableFunction(uint32_t deviceNo, uint32_t index, uint32
             if (!SetCaps(deviceNo, 1, VMC_CODE_ENABLE_FUNCTION, 0, 1, 0, err)) return 0;
             uint32_t mode = 0;
             const bool reported = RefreshShadingMode(deviceNo, 1, &mode, err) != 0;
-            if (!reported && *err != VMC_ERR_NOT_SUPPORTED) {
+            if (!reported && !IsNotSupported(err)) {
                 lock.KeepHeld();  // intended: this failure leaves the device lock with the caller
                 return 0;
             }

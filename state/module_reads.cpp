@@ -56,7 +56,7 @@ uint32_t ReadCode(const CodeRead& row, uint32_t deviceNo, uint32_t childNo, uint
         const uint32_t child = ChildArgument(row.target, childNo);
         const uint32_t result = GetCaps(deviceNo, child, row.code, sub, row.values ? value1 : &scratch,
                                         row.values == 2 ? value2 : nullptr, err);
-        if (result || *err != VMC_ERR_NOT_SUPPORTED || row.on21.kind == On21::Pass) return result;
+        if (result || !IsNotSupported(err) || row.on21.kind == On21::Pass) return result;
         if (row.values >= 1) *value1 = row.on21.value;
         if (row.values == 2) *value2 = row.on21.value;
         if (row.on21.kind == On21::Zero) return 0;

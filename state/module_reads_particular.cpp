@@ -134,7 +134,7 @@ uint32_t ReadScratchLimit(uint32_t deviceNo, std::initializer_list<std::pair<uin
 uint32_t ReadMediaInfo(uint32_t deviceNo, uint32_t slot, MediaInfo* info, uint32_t* error) {
     std::memset(info, 0, sizeof *info);
     const uint32_t result = GetCaps(deviceNo, 0, VMC_CODE_MEDIA_INFO, slot, &info->value[0], &info->value[1], error);
-    if (!result && *error == VMC_ERR_NOT_SUPPORTED) std::memset(info, 0, sizeof *info);
+    if (!result && IsNotSupported(error)) std::memset(info, 0, sizeof *info);
     return result;
 }
 

@@ -74,7 +74,7 @@ VMC_EXPORT uint32_t VMC_GetPartitionIncModeList(uint32_t deviceNo, uint32_t* cou
         if (!Begin(err) || !DeviceOpen(deviceNo, err) || !AllGiven({count, list}, err)) return 0;
         if (!Record(deviceNo).hasPartitionIncMode) return StandIn({0u}, count, list, err);
         if (GetList(deviceNo, 0, VMC_LIST_PARTITION_INC_MODE, 0, list, count, err)) return 1;
-        return *err == VMC_ERR_NOT_SUPPORTED ? StandIn({0u, 1u}, count, list, err) : 0;
+        return IsNotSupported(err) ? StandIn({0u, 1u}, count, list, err) : 0;
     });
 }
 
@@ -83,7 +83,7 @@ VMC_EXPORT uint32_t VMC_GetDelayTypeList(uint32_t deviceNo, uint32_t* count, uin
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !DeviceOpen(deviceNo, err) || !AllGiven({count, list}, err)) return 0;
         if (GetList(deviceNo, 0, VMC_LIST_DELAY_TYPE, 0, list, count, err)) return 1;
-        return *err == VMC_ERR_NOT_SUPPORTED ? StandIn({1u, 2u, 3u, 4u, 5u, 6u, 7u}, count, list, err) : 0;
+        return IsNotSupported(err) ? StandIn({1u, 2u, 3u, 4u, 5u, 6u, 7u}, count, list, err) : 0;
     });
 }
 
