@@ -296,18 +296,15 @@ bool ReadTemperatures(ChildLoad& load) {
     const bool listed = GetList(load.deviceNo, load.childNo, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error);
     if (!listed && !IsNotSupported(load.error)) return false;
     StoreField(child.hasTemperature, listed && count != 0);
-    uint32_t value = 0;
-    bool answered = false;
-    if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    StoreField(child.hasMemTemperature, answered && value != 0);
+    uint32_t value = 0, cut = 0;
     uint8_t flag = 0;
-    answered = VMC_GetWarningTemperature(load.deviceNo, load.childNo, &flag, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(child.hasWarningTemperature, answered);
-    uint32_t cut = 0;
-    answered = VMC_GetWarningCableCutting(load.deviceNo, load.childNo, &cut, load.error);
-    if (!answered && !IsNotSupported(load.error)) return false;
-    StoreField(child.hasWarningCableCutting, answered);
+    bool warning = false, cutting = false;
+    if (!Tolerant(load, RefreshMemTemperature, nullptr, &value) ||
+        !Tolerant(load, VMC_GetWarningTemperature, &warning, &flag) ||
+        !Tolerant(load, VMC_GetWarningCableCutting, &cutting, &cut))
+        return false;
+    StoreField(child.hasWarningTemperature, warning);
+    StoreField(child.hasWarningCableCutting, cutting);
     return true;
 }
 

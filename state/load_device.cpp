@@ -589,10 +589,7 @@ bool ReadTemperatureSensors(DeviceLoad& load) {
     StoreField(load.record.hasTemperature, TemperatureTypes(load, types, &ok) > 0);
     if (!ok) return false;
     uint32_t value = 0;
-    bool answered = false;
-    if (!Ask(load, VMC_CODE_MEM_TEMPERATURE_TYPE, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
-    StoreField(load.record.hasMemTemperature, answered && value != 0);
-    return true;
+    return Tolerant(load, RefreshMemTemperature, nullptr, 0u, &value);
 }
 
 // Which output ports can stretch their signal: one bit per port.
