@@ -14,12 +14,26 @@ namespace {
 
 class Threads : public LibraryTest {};
 
+// Two threads open and close cameras (one of the global-lock set) while a
+// third calls on a camera that stays open all along.
 TEST_F(Threads, OpenCloseAndCallOnDifferentDevices) {
     Detect(VMC_INTERFACE_VIRTUAL);
     ScriptCamera(16);
     ScriptCamera(258);
+    ScriptCamera(1, 5);
     FAKE_SetAnswer(nullptr, "DEV_GetDeviceCaps", 0, VMC_CODE_LAST_ERROR, 0, 1, 2, kOk);
+    const uint32_t steady = Open(1);
     std::atomic<int> failures{0};
+    std::atomic<bool> done{false};
+    std::thread caller([&] {
+        while (!done.load()) {
+            uint32_t rate = 0, cached = 0, error = 0;
+            if (!VMC_ReqRecordRate(steady, 1, &rate, &error) || !VMC_GetRecordRate(steady, 1, &cached, &error) ||
+                rate != 1000 || cached != 1000)
+                ++failures;
+            std::this_thread::sleep_for(std::chrono::microseconds(100));  // a caller, not a spinner
+        }
+    });
     auto worker = [&](uint32_t deviceCode) {
         for (int round = 0; round < 150; ++round) {
             OpenParam param = {deviceCode, 1, VMC_INTERFACE_VIRTUAL};
@@ -40,8 +54,11 @@ TEST_F(Threads, OpenCloseAndCallOnDifferentDevices) {
     std::thread first(worker, 16u), second(worker, 258u);
     first.join();
     second.join();
+    done = true;
+    caller.join();
     EXPECT_EQ(0, failures.load());
     uint32_t count = 9, error = 0;
+    VMC_CloseDevice(steady, &error);
     VMC_GetNumberOfDevice(&count, &error);
     EXPECT_EQ(0u, count);
     EXPECT_FALSE(Loaded("DMOD016"));
