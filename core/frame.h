@@ -110,12 +110,15 @@ inline constexpr FlagRule kNoFlag{};
 // reader without a lock must.
 inline bool FlagSet(const FlagRule& flag, uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
     bool set = true;
+    // A rule may be tested before the numbers are: one outside the tables
+    // finds no flag set rather than memory past them.
     if (flag.device) {
-        const DeviceRecord& record = Record(deviceNo);
-        set = LoadFlag(record.*flag.device) || (flag.orDevice && LoadFlag(record.*flag.orDevice));
+        const DeviceRecord* record = deviceNo < kDeviceCount ? &Record(deviceNo) : nullptr;
+        set = record && (LoadFlag(record->*flag.device) || (flag.orDevice && LoadFlag(record->*flag.orDevice)));
     }
     if (flag.child) {
-        const ChildRecord* child = childNo != 0 ? Child(deviceNo, childNo) : nullptr;
+        const bool slot = deviceNo < kDeviceCount && childNo != 0 && childNo <= kMaxChildren;
+        const ChildRecord* child = slot ? Child(deviceNo, childNo) : nullptr;
         set = set && child && LoadFlag(child->*flag.child);
     }
     if (!set) *error = VMC_ERR_NOT_SUPPORTED;
