@@ -34,10 +34,10 @@ struct LibraryState {
     DeviceModule deviceModules[kDeviceCount];
     InterfaceModule interfaceModules[kInterfaceSlots];
     DetectResult detectResults[kInterfaceSlots];
-    // The child records of each device, as its record's childRecords holds
-    // them. The record's slots sit on 4-byte boundaries, where a pointer is
-    // not one atomic access; the library finds children here instead, where
-    // a pointer is published whole (see Child and PublishChild).
+    // The child records of each device. The record's own childRecords slots
+    // sit on 4-byte boundaries, where a pointer is not one atomic access, so
+    // the library keeps its children here and leaves those slots null: a
+    // caller's copy of the record holds no heap addresses either way.
     ChildRecord* children[kDeviceCount][kMaxChildren];
     // channelMutex[0] is deviceMutex; 1..3 are the locks of transfer channels 2..4.
     platform::MutexHandle channelMutex[kChannelCount][kDeviceCount];
@@ -82,9 +82,9 @@ inline ChildRecord* Child(uint32_t deviceNo, uint32_t childNo) {
     return __atomic_load_n(&state.children[deviceNo][childNo - 1], __ATOMIC_ACQUIRE);
 }
 
-// Makes a new, zeroed child record the one of child c: the library's slot
-// whole, and the record's slot in two 4-byte halves, each whole for a
-// reader copying the record.
-void PublishChild(uint32_t deviceNo, uint32_t childNo, ChildRecord* child);
+// Makes a new, zeroed child record (or null) the one of child c.
+inline void PublishChild(uint32_t deviceNo, uint32_t childNo, ChildRecord* child) {
+    __atomic_store_n(&state.children[deviceNo][childNo - 1], child, __ATOMIC_RELEASE);
+}
 
 }  // namespace vmc

@@ -98,7 +98,7 @@ VMC_EXPORT uint32_t VMC_PingDevice(uint32_t deviceNo, uint32_t* error) {
 VMC_EXPORT uint32_t VMC_GetConnectStatus(uint32_t deviceNo, uint32_t* value, uint32_t* error) {
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !DeviceNoInRange(deviceNo, err) || !NotNull(value, err)) return 0;
-        if (!Record(deviceNo).deviceCode) return Fail(err, VMC_ERR_NOT_OPEN);
+        if (!DeviceOpen(deviceNo, err)) return 0;
         if (GetCaps(deviceNo, 0, VMC_CODE_CONNECT_STATE, 0, value, nullptr, err)) return 1;
         if (!IsNotSupported(err)) return 0;
         *value = 1;

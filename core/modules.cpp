@@ -51,15 +51,12 @@ uint32_t Load(const char* file, Table& slot, uint32_t* error) {
 
 }  // namespace
 
-const char* DeviceModuleFile(uint32_t deviceCode) { return vmc_device_module_file(deviceCode); }
-const char* InterfaceModuleFile(uint32_t interfaceCode) { return vmc_interface_module_file(interfaceCode); }
-
 uint32_t LoadDeviceModule(uint32_t deviceCode, DeviceModule& slot, uint32_t* error) {
-    return Load(DeviceModuleFile(deviceCode), slot, error);
+    return Load(vmc_device_module_file(deviceCode), slot, error);
 }
 
 uint32_t LoadInterfaceModule(uint32_t interfaceCode, InterfaceModule& slot, uint32_t* error) {
-    return Load(InterfaceModuleFile(interfaceCode), slot, error);
+    return Load(vmc_interface_module_file(interfaceCode), slot, error);
 }
 
 void BindDeviceModule(DeviceModule& slot) { Bind(slot, kDeviceEntries); }

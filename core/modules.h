@@ -8,10 +8,6 @@
 
 namespace vmc {
 
-// File base name of the module for a code, or null when the code has none.
-const char* DeviceModuleFile(uint32_t deviceCode);
-const char* InterfaceModuleFile(uint32_t interfaceCode);
-
 // Loads the file of deviceCode into an empty slot and stores the handle.
 // Error 102 for a slot that holds a module, 100 for an unknown code or a
 // file that does not load. The caller stores the code, binds and calls DEV_Init.

@@ -1,6 +1,4 @@
 // The record copies and the two child checks that the whole library uses.
-#include <cstring>
-
 #include "core/frame.h"
 
 namespace vmc {
@@ -36,8 +34,6 @@ VMC_EXPORT uint32_t VMC_GetDeviceInfo(uint32_t deviceNo, DeviceRecord* record, u
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         if (!Begin(err) || !NotNull(record, err)) return 0;
         CopyFieldsOut(record, &Record(deviceNo), sizeof(DeviceRecord));
-        // The caller gets the record, not the library's heap addresses.
-        std::memset(record->childRecords, 0, sizeof record->childRecords);
         return 1;
     });
 }
