@@ -35,29 +35,37 @@ inline void StoreField(T& field, std::type_identity_t<T> value) {
     __atomic_store_n(&field, value, __ATOMIC_RELAXED);
 }
 
-// Copies a run of a record to a caller's buffer, each aligned word loaded
-// whole (8 bytes where the run allows, else 4, else 1), so that a copy made
-// while a refresh runs sees each field old or new, as a cached read does.
-inline void CopyFieldsOut(void* to, const void* from, std::size_t size) {
-    auto* out = static_cast<unsigned char*>(to);
-    const auto* in = static_cast<const unsigned char*>(from);
-    std::size_t i = 0;
-    while (i < size) {
-        const auto at = reinterpret_cast<std::uintptr_t>(in + i);
-        if (at % 8 == 0 && size - i >= 8) {
-            const uint64_t word = LoadField(*reinterpret_cast<const uint64_t*>(in + i));
-            __builtin_memcpy(out + i, &word, 8);
-            i += 8;
-        } else if (at % 4 == 0 && size - i >= 4) {
-            const uint32_t word = LoadField(*reinterpret_cast<const uint32_t*>(in + i));
-            __builtin_memcpy(out + i, &word, 4);
-            i += 4;
-        } else {
-            out[i] = LoadField(in[i]);
-            i += 1;
-        }
+// Copies a run of a record out to a caller's buffer, or a caller's image in
+// to a record, each aligned word of the record loaded or stored whole (8
+// bytes where the run allows, else 4, else 1): a copy made while a refresh
+// runs sees each field old or new, as a cached read does.
+template <class Word>
+inline void CopyWord(unsigned char* to, const unsigned char* from, bool intoRecord) {
+    Word word;
+    if (intoRecord) {
+        __builtin_memcpy(&word, from, sizeof word);
+        StoreField(*reinterpret_cast<Word*>(to), word);
+    } else {
+        word = LoadField(*reinterpret_cast<const Word*>(from));
+        __builtin_memcpy(to, &word, sizeof word);
     }
 }
+
+inline void CopyFields(void* to, const void* from, std::size_t size, bool intoRecord) {
+    auto* out = static_cast<unsigned char*>(to);
+    const auto* in = static_cast<const unsigned char*>(from);
+    const unsigned char* record = intoRecord ? out : in;
+    for (std::size_t i = 0; i < size;) {
+        const auto at = reinterpret_cast<std::uintptr_t>(record + i);
+        const std::size_t width = at % 8 == 0 && size - i >= 8 ? 8 : at % 4 == 0 && size - i >= 4 ? 4 : 1;
+        if (width == 8) CopyWord<uint64_t>(out + i, in + i, intoRecord);
+        else if (width == 4) CopyWord<uint32_t>(out + i, in + i, intoRecord);
+        else CopyWord<uint8_t>(out + i, in + i, intoRecord);
+        i += width;
+    }
+}
+inline void CopyFieldsOut(void* to, const void* record, std::size_t size) { CopyFields(to, record, size, false); }
+inline void CopyFieldsIn(void* record, const void* from, std::size_t size) { CopyFields(record, from, size, true); }
 
 // The 64-bit fields sit on 8-byte boundaries in both records (the device
 // table is aligned for it), so they too are one access.

@@ -115,18 +115,7 @@ VMC_EXPORT uint32_t VMC_GetMemFrameInfo(uint32_t deviceNo, uint32_t childNo, Mem
     return RunExport(error, [&](uint32_t* err) -> uint32_t {
         const ChildRecord* child = BeginChildRead(deviceNo, childNo, err);
         if (!child || !NotNull(info, err)) return 0;
-        MemFrameInfoRecord copy;
-        copy.frameStart = LoadField(child->frameStart);
-        copy.frameEnd = LoadField(child->frameEnd);
-        copy.frameTrigger = LoadField(child->frameTrigger);
-        copy.frameTwoStage1 = LoadField(child->frameTwoStage1);
-        copy.frameTwoStage2 = LoadField(child->frameTwoStage2);
-        copy.frameTwoStageTiming = LoadField(child->frameTwoStageTiming);
-        for (std::size_t i = 0; i < std::size(copy.eventFrame); ++i)
-            copy.eventFrame[i] = LoadField(child->eventFrame[i]);
-        copy.eventFrameCount = LoadField(child->eventFrameCount);
-        copy.recordedFrames = LoadField(child->recordedFrames);
-        *info = copy;
+        CopyFieldsOut(info, &child->frameStart, sizeof *info);
         return 1;
     });
 }

@@ -21,26 +21,13 @@ static_assert(offsetof(ChildRecord, recordedFrames) - offsetof(ChildRecord, fram
 static_assert(offsetof(ChildRecord, eventFrame) - offsetof(ChildRecord, frameStart) ==
               offsetof(MemFrameInfoRecord, eventFrame));
 
-// The image is all 32-bit words, each loaded and stored whole: the cached
-// read of the frame info loads them without a lock.
-static_assert(sizeof(MemFrameInfoRecord) % 4 == 0 && offsetof(ChildRecord, frameStart) % 4 == 0);
-constexpr std::size_t kImageWords = sizeof(MemFrameInfoRecord) / 4;
-
 MemFrameInfoRecord ImageOf(const ChildRecord& child) {
-    uint32_t words[kImageWords];
-    const auto* fields = reinterpret_cast<const uint32_t*>(&child.frameStart);
-    for (std::size_t i = 0; i < kImageWords; ++i) words[i] = LoadField(fields[i]);
     MemFrameInfoRecord image;
-    std::memcpy(&image, words, sizeof image);
+    CopyFieldsOut(&image, &child.frameStart, sizeof image);
     return image;
 }
 
-void Keep(ChildRecord& child, const MemFrameInfoRecord& image) {
-    uint32_t words[kImageWords];
-    std::memcpy(words, &image, sizeof image);
-    auto* fields = reinterpret_cast<uint32_t*>(&child.frameStart);
-    for (std::size_t i = 0; i < kImageWords; ++i) StoreField(fields[i], words[i]);
-}
+void Keep(ChildRecord& child, const MemFrameInfoRecord& image) { CopyFieldsIn(&child.frameStart, &image, sizeof image); }
 
 constexpr uint32_t kEventSlots = 10;
 constexpr uint32_t kTriggerSlots = 1024;  // the head record's trigger-frame list
