@@ -18,36 +18,11 @@ namespace {
 using ChildProbe = Probe<ChildRecord>;
 using C = ChildRecord;
 
-struct ChildLoad {
-    uint32_t deviceNo;
-    uint32_t childNo;
-    uint32_t* error;
-    ChildRecord& child;
+struct ChildLoad : LoadOf<ChildRecord> {
     DeviceRecord& device;
 };
 
 using Step = bool (*)(ChildLoad&);
-
-bool Ask(ChildLoad& load, uint32_t code, uint32_t* value1, uint32_t* value2, Rule rule, bool* answered = nullptr) {
-    return Ask(load.deviceNo, load.childNo, code, 0, value1, value2, rule, load.error, answered);
-}
-
-template <std::size_t N>
-bool Probes(ChildLoad& load, const ChildProbe (&probes)[N]) {
-    return RunProbes(load.deviceNo, load.childNo, load.child, probes, load.error);
-}
-
-bool Probe1(ChildLoad& load, const ChildProbe& probe) {
-    return RunProbe(load.deviceNo, load.childNo, load.child, probe, load.error);
-}
-
-// Runs a request worker of this head under the tolerant rule.
-template <class Worker, class... Outs>
-bool Tolerant(ChildLoad& load, Worker worker, bool* answered, Outs... outs) {
-    const bool ok = worker(load.deviceNo, load.childNo, outs..., load.error) != 0;
-    if (answered) *answered = ok;
-    return ok || IsNotSupported(load.error);
-}
 
 bool ReadIdentity(ChildLoad& load) {
     uint32_t colorType = 0;
@@ -84,11 +59,9 @@ bool ReadResolution(ChildLoad& load) {
 }
 
 bool ReadRoiAndExposure(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     uint32_t width = 0, height = 0, x = 0, y = 0;
-    bool answered = false;
-    if (!Tolerant(load, RefreshResolutionROI, &answered, &width, &height)) return false;
-    StoreField(child.hasResolutionROI, answered);
+    if (!Tolerant(load, RefreshResolutionROI, &child.hasResolutionROI, &width, &height)) return false;
     if (!Tolerant(load, RefreshSegmentPosition, nullptr, &x, &y)) return false;
     if (!Probe1(load, {.flag = &C::hasAutoExposure, .filler = CHILD_FILLER(RefreshAutoExposure)})) return false;
     // The device-wide flag follows the head loaded last.
@@ -96,7 +69,7 @@ bool ReadRoiAndExposure(ChildLoad& load) {
     if (child.hasAutoExposure) {
         uint32_t value = 0;
         bool answered294 = false;
-        Ask(load, VMC_CODE_AUTO_EXPOSURE_PROBE_294, &value, nullptr, Rule::Ignored, &answered294);
+        Ask(load, VMC_CODE_AUTO_EXPOSURE_PROBE_294, 0, &value, nullptr, Rule::Ignored, &answered294);
         StoreField(load.device.hasAutoExposureCode294, answered294 && value != 0);
     }
     return true;
@@ -104,7 +77,7 @@ bool ReadRoiAndExposure(ChildLoad& load) {
 
 bool ReadShutterAndSensor(ChildLoad& load) {
     if (!Probe1(load, {.flag = &C::hasImageTrigger, .filler = CHILD_FILLER(RefreshImageTrigger)})) return false;
-    if (!Ask(load, VMC_CODE_SHUTTER_SPEED_FPS, &load.child.shutterFps, nullptr, Rule::Fatal)) return false;
+    if (!Ask(load, VMC_CODE_SHUTTER_SPEED_FPS, 0, &load.record.shutterFps, nullptr, Rule::Fatal)) return false;
     static constexpr ChildProbe kProbes[] = {
         {.flag = &C::hasShutterUsec, .filler = CHILD_FILLER(RefreshShutterSpeedUsec)},
         {.flag = &C::hasShutterNsec, .filler = CHILD_FILLER(RefreshShutterSpeedNsec)},
@@ -116,7 +89,7 @@ bool ReadShutterAndSensor(ChildLoad& load) {
 
 // Colour temperature counts only when the base and all four settings answer.
 bool ReadColorTemperature(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     if (!Probe1(load, {VMC_CODE_COLOR_TEMP_BASE, &C::colorTempBase1, &C::colorTempBase2, &C::hasColorTemp}))
         return false;
     if (child.hasColorTemp) {
@@ -125,14 +98,11 @@ bool ReadColorTemperature(ChildLoad& load) {
                                                   load.error) != 0);
     }
     uint32_t mode = 0, value1 = 0, value2 = 0, value3 = 0;
-    bool answered = false;
-    if (!Tolerant(load, RefreshSoftColorTempMode, &answered, &mode, &value1, &value2, &value3)) return false;
-    StoreField(child.hasSoftColorTemp, answered);
-    return true;
+    return Tolerant(load, RefreshSoftColorTempMode, &child.hasSoftColorTemp, &mode, &value1, &value2, &value3);
 }
 
 bool ReadLutAndShutterModes(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     if (!Probe1(load, {VMC_CODE_LUT_MODE, &C::lutMode, nullptr, &C::hasLUT}) ||
         !Probe1(load, {VMC_CODE_DS_SHUTTER_MODE, &C::dsShutterMode, nullptr, &C::hasDSShutter}))
         return false;
@@ -140,7 +110,7 @@ bool ReadLutAndShutterModes(ChildLoad& load) {
         bool answered = false;
         // A refusal of the value clears the feature; any other failure ends
         // the load and leaves the flag set, as the cameras' drivers expect.
-        if (!Ask(load, VMC_CODE_DS_SHUTTER_VALUE, &child.dsShutterValue, nullptr, Rule::Tolerant, &answered))
+        if (!Ask(load, VMC_CODE_DS_SHUTTER_VALUE, 0, &child.dsShutterValue, nullptr, Rule::Tolerant, &answered))
             return false;
         if (!answered) {
             StoreField(child.dsShutterValue, 0);
@@ -151,24 +121,24 @@ bool ReadLutAndShutterModes(ChildLoad& load) {
 }
 
 bool ReadShadingAndPixelGain(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     if (!Probe1(load, {VMC_CODE_SHADING_MODE, &C::shadingMode, nullptr, &C::hasShading}) ||
         !Probe1(load, {VMC_CODE_STEP_SHUTTER, nullptr, nullptr, &C::hasStepShutter}))
         return false;
     bool answered = false;
-    Ask(load, VMC_CODE_PIXEL_GAIN_MODE, &child.pixelGainMode, nullptr, Rule::Ignored, &answered);
+    Ask(load, VMC_CODE_PIXEL_GAIN_MODE, 0, &child.pixelGainMode, nullptr, Rule::Ignored, &answered);
     StoreField(child.hasPixelGain, answered);
     if (!answered) StoreField(child.pixelGainMode, 0);
-    if (child.hasPixelGain && !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_SIZE, &child.pixelGainDataSize, nullptr, Rule::Tolerant))
+    if (child.hasPixelGain && !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_SIZE, 0, &child.pixelGainDataSize, nullptr, Rule::Tolerant))
         return false;
     if (load.device.hasPixelGainMagnification &&
-        !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_MODE3_SIZE, &child.pixelGainDataMode3Size, nullptr, Rule::Tolerant))
+        !Ask(load, VMC_CODE_PIXEL_GAIN_DATA_MODE3_SIZE, 0, &child.pixelGainDataMode3Size, nullptr, Rule::Tolerant))
         return false;
     return true;
 }
 
 bool ReadImageModes(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     static constexpr ChildProbe kProbes[] = {
         {VMC_CODE_EDGE_ENHANCE_MODE, &C::edgeEnhanceMode, nullptr, &C::hasEdgeEnhance},
         {.flag = &C::hasGhostReduction, .filler = CHILD_FILLER(RefreshGhostReduction)},
@@ -190,7 +160,7 @@ bool ReadImageModes(ChildLoad& load) {
 
 bool ReadColorEnhance(ChildLoad& load) {
     if (!Probe1(load, {.flag = &C::hasColorEnhance, .filler = CHILD_FILLER(RefreshColorEnhanceMode)})) return false;
-    if (!load.child.hasColorEnhance) return true;
+    if (!load.record.hasColorEnhance) return true;
     for (uint32_t plane = 1; plane <= 3; ++plane) {
         int32_t triple[3] = {};
         if (!RefreshColorEnhanceValue(load.deviceNo, load.childNo, plane, triple, load.error) && !IsNotSupported(load.error))
@@ -200,7 +170,7 @@ bool ReadColorEnhance(ChildLoad& load) {
 }
 
 bool ReadSensorModes(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     static constexpr ChildProbe kModes[] = {
         {.filler = CHILD_FILLER(RefreshCamMode)},
         {.flag = &C::hasSensorTempMode, .filler = CHILD_FILLER(RefreshSensorTempMode)},
@@ -222,10 +192,10 @@ bool ReadSensorModes(ChildLoad& load) {
 // A polarising head starts with pixel-defect correction off: the defect map
 // of a plain sensor would damage its pixel pattern.
 bool ReadPolarization(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     uint32_t value = 0;
     bool answered = false;
-    if (!Ask(load, VMC_CODE_POLARIZATION, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    if (!Ask(load, VMC_CODE_POLARIZATION, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
     StoreField(child.polarization, answered ? static_cast<uint8_t>(value) : 0);
     if (!answered || value == 0) return true;
     uint32_t config = 0;
@@ -245,18 +215,18 @@ bool ReadCorrectionsAndLens(ChildLoad& load) {
     // The device-wide flag follows the head loaded last.
     bool answered = false;
     uint32_t value = 0;
-    if (!Ask(load, VMC_CODE_HEAD_LED_LASER, &value, nullptr, Rule::Tolerant, &answered)) return false;
+    if (!Ask(load, VMC_CODE_HEAD_LED_LASER, 0, &value, nullptr, Rule::Tolerant, &answered)) return false;
     StoreField(load.device.hasHeadLedLaser, answered);
     return Probe1(load, {.flag = &C::hasLensControl, .filler = CHILD_FILLER(RefreshLensControl)});
 }
 
 bool ReadChildName(ChildLoad& load) {
-    ReadName(load.deviceNo, load.childNo, load.child.childName, "Unknown Child Device", load.error);
+    ReadName(load.deviceNo, load.childNo, load.record.childName, "Unknown Child Device", load.error);
     return true;
 }
 
 bool ReadPartitions(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     if (!Probe1(load, {VMC_CODE_MAX_PARTITION, &C::maxPartition, &C::maxPartitionBlocks})) return false;
     StoreField(load.device.hasPartition, child.maxPartitionBlocks != 0);
     uint32_t current = 0;
@@ -264,7 +234,7 @@ bool ReadPartitions(ChildLoad& load) {
         !Tolerant(load, RefreshCurrentPartition, nullptr, &current) ||
         !Probe1(load, {VMC_CODE_MEMORY_MODE_PARTITION, &C::memoryModePartition, nullptr, &C::hasMemoryModePartition}))
         return false;
-    return Ask(load, VMC_CODE_MAX_FRAMES, &child.maxFrames, &child.maxFrameBlocks, Rule::Fatal);
+    return Ask(load, VMC_CODE_MAX_FRAMES, 0, &child.maxFrames, &child.maxFrameBlocks, Rule::Fatal);
 }
 
 // Whether the head keeps event and trigger frame lists: anything but a refusal says yes.
@@ -290,7 +260,7 @@ bool ReadLiveAndDefects(ChildLoad& load) {
 }
 
 bool ReadTemperatures(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     uint32_t types[VMC_MAX_LIST_ENTRIES] = {};
     uint32_t count = 0;
     const bool listed = GetList(load.deviceNo, load.childNo, VMC_LIST_TEMPERATURE_TYPE, 0, types, &count, load.error);
@@ -298,14 +268,9 @@ bool ReadTemperatures(ChildLoad& load) {
     StoreField(child.hasTemperature, listed && count != 0);
     uint32_t value = 0, cut = 0;
     uint8_t flag = 0;
-    bool warning = false, cutting = false;
-    if (!Tolerant(load, RefreshMemTemperature, nullptr, &value) ||
-        !Tolerant(load, VMC_GetWarningTemperature, &warning, &flag) ||
-        !Tolerant(load, VMC_GetWarningCableCutting, &cutting, &cut))
-        return false;
-    StoreField(child.hasWarningTemperature, warning);
-    StoreField(child.hasWarningCableCutting, cutting);
-    return true;
+    return Tolerant(load, RefreshMemTemperature, nullptr, &value) &&
+           Tolerant(load, VMC_GetWarningTemperature, &child.hasWarningTemperature, &flag) &&
+           Tolerant(load, VMC_GetWarningCableCutting, &child.hasWarningCableCutting, &cut);
 }
 
 bool ReadAccelerationData(ChildLoad& load, uint8_t& flag) {
@@ -316,7 +281,7 @@ bool ReadAccelerationData(ChildLoad& load, uint8_t& flag) {
 }
 
 bool ReadExtras(ChildLoad& load) {
-    ChildRecord& child = load.child;
+    ChildRecord& child = load.record;
     if (!ReadAccelerationData(load, child.hasMemAccelerationData)) return false;
     RefreshSerialNumber(load.deviceNo, load.childNo, load.error);  // a head without one keeps all ones
     if (!ReadAccelerationData(load, child.hasMemAccelerationData)) return false;
@@ -368,7 +333,7 @@ uint32_t ReadName(uint32_t deviceNo, uint32_t child, char* field, const char* fa
 }
 
 uint32_t LoadChildState(uint32_t deviceNo, uint32_t childNo, uint32_t* error) {
-    ChildLoad load = {deviceNo, childNo, error, *Child(deviceNo, childNo), Record(deviceNo)};
+    ChildLoad load = {{deviceNo, childNo, error, *Child(deviceNo, childNo)}, Record(deviceNo)};
     for (Step step : kSteps)
         if (!step(load)) return 0;
     *error = VMC_ERR_OK;

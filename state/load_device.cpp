@@ -19,41 +19,14 @@ namespace {
 using DeviceProbe = Probe<DeviceRecord>;
 using R = DeviceRecord;
 
-struct DeviceLoad {
-    uint32_t deviceNo;
+struct DeviceLoad : LoadOf<DeviceRecord> {
     uint32_t packetMode;
-    uint32_t* error;
-    DeviceRecord& record;
     uint32_t children[kDeviceCount];  // the existing-children list as the module wrote it
     uint32_t lastChild;               // number of the child created last, 0 before any
 };
 
 // A step returns false to end the load with result 0.
 using Step = bool (*)(DeviceLoad&);
-
-bool Ask(DeviceLoad& load, uint32_t code, uint32_t sub, uint32_t* value1, uint32_t* value2, Rule rule,
-         bool* answered = nullptr) {
-    return Ask(load.deviceNo, 0, code, sub, value1, value2, rule, load.error, answered);
-}
-
-template <std::size_t N>
-bool Probes(DeviceLoad& load, const DeviceProbe (&probes)[N]) {
-    return RunProbes(load.deviceNo, 0, load.record, probes, load.error);
-}
-
-bool Probe1(DeviceLoad& load, const DeviceProbe& probe) {
-    return RunProbe(load.deviceNo, 0, load.record, probe, load.error);
-}
-
-// Runs a worker or an exported read of the device under the tolerant rule;
-// the flag, when given, keeps whether it answered.
-template <class Read, class... Outs>
-bool Tolerant(DeviceLoad& load, Read read, uint8_t* flag, Outs... outs) {
-    const bool answered = read(load.deviceNo, outs..., load.error) != 0;
-    if (!answered && !IsNotSupported(load.error)) return false;
-    if (flag) StoreField(*flag, answered);
-    return true;
-}
 
 // The module shares the library's locks: it may block on the same lock as
 // a caller, so the slots it is handed must stay put while the device is open.
@@ -795,7 +768,7 @@ constexpr Step kSteps[] = {
 }  // namespace
 
 uint32_t LoadDeviceState(uint32_t deviceNo, uint32_t packetMode, uint32_t* error) {
-    DeviceLoad load = {deviceNo, packetMode, error, Record(deviceNo), {}, 0};
+    DeviceLoad load = {{deviceNo, 0, error, Record(deviceNo)}, packetMode, {}, 0};
     for (Step step : kSteps)
         if (!step(load)) return 0;
     *error = VMC_ERR_OK;

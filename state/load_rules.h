@@ -6,11 +6,14 @@
 // well, so most steps end the open on it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include <vmc/codes.h>
 
 #include "core/fields.h"
+#include "core/frame.h"
 #include "core/module_calls.h"
 
 namespace vmc {
@@ -121,6 +124,48 @@ template <class Record, std::size_t N>
 bool RunProbes(uint32_t deviceNo, uint32_t child, Record& record, const Probe<Record> (&probes)[N], uint32_t* error) {
     for (const Probe<Record>& probe : probes)
         if (!RunProbe(deviceNo, child, record, probe, error)) return false;
+    return true;
+}
+
+// What both halves of the load work with: the record being filled, whose
+// child number the module is asked with (0 for the device), and the error
+// word. The device and child loads add what their own steps need.
+template <class Record>
+struct LoadOf {
+    uint32_t deviceNo;
+    uint32_t childNo;
+    uint32_t* error;
+    Record& record;
+};
+
+template <class Record>
+bool Ask(LoadOf<Record>& load, uint32_t code, uint32_t sub, uint32_t* value1, uint32_t* value2, Rule rule,
+         bool* answered = nullptr) {
+    return Ask(load.deviceNo, load.childNo, code, sub, value1, value2, rule, load.error, answered);
+}
+
+template <class Record, std::size_t N>
+bool Probes(LoadOf<Record>& load, const Probe<Record> (&probes)[N]) {
+    return RunProbes(load.deviceNo, load.childNo, load.record, probes, load.error);
+}
+
+template <class Record>
+bool Probe1(LoadOf<Record>& load, const Probe<Record>& probe) {
+    return RunProbe(load.deviceNo, load.childNo, load.record, probe, load.error);
+}
+
+// Runs a request worker or an exported read under the tolerant rule: with
+// the device number, and the child number in a child's load. The flag, when
+// given, keeps whether it answered.
+template <class Record, class Read, class... Outs>
+bool Tolerant(LoadOf<Record>& load, Read read, uint8_t* flag, Outs... outs) {
+    bool answered = false;
+    if constexpr (std::is_same_v<Record, ChildRecord>)
+        answered = read(load.deviceNo, load.childNo, outs..., load.error) != 0;
+    else
+        answered = read(load.deviceNo, outs..., load.error) != 0;
+    if (!answered && !IsNotSupported(load.error)) return false;
+    if (flag) StoreField(*flag, answered);
     return true;
 }
 
